@@ -1,0 +1,21 @@
+# The one place that says how Kestrel's code is compiled; every target links kestrel_compiler.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_C_STANDARD 11)
+set(CMAKE_C_STANDARD_REQUIRED ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(kestrel_compiler INTERFACE)
+target_compile_options(kestrel_compiler INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+
+if(KESTREL_SANITIZERS)
+  set(sanitize "-fsanitize=${KESTREL_SANITIZERS}" -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(kestrel_compiler INTERFACE ${sanitize})
+  target_link_options(kestrel_compiler INTERFACE ${sanitize})
+endif()

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+
+namespace kestrel {
+
+// The way to a machine's physical memory, and the seam under everything: a kind for each source of
+// the same bytes. A fresh access is closed. Results are 1 for success and 0 for failure; a kind
+// reports nothing else through this interface.
+class FirmwareAccess {
+ public:
+  FirmwareAccess() = default;
+  FirmwareAccess(const FirmwareAccess&) = delete;
+  FirmwareAccess& operator=(const FirmwareAccess&) = delete;
+  virtual ~FirmwareAccess() = default;
+
+  virtual int Open() = 0;
+  // Safe in any state, after a failed Open as well.
+  virtual int Close() = 0;
+  // Copies the bytes from physical address `address` on into `buffer`. Gives the number of bytes
+  // copied, from the first one on without a gap; 0 when the access is closed or the address can not
+  // be read.
+  virtual std::uint32_t ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) = 0;
+};
+
+// The access to the memory of the machine that the process runs on: the kind of this system.
+std::unique_ptr<FirmwareAccess> MakeMachineAccess();
+
+}  // namespace kestrel

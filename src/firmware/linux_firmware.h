@@ -1,0 +1,17 @@
+#pragma once
+
+#include "firmware/table_firmware.h"
+
+namespace kestrel {
+
+// The tables of the machine that the process runs on, as the Linux kernel publishes them under
+// /sys/firmware/dmi/tables. Reading them takes root.
+class LinuxFirmware final : public TableFirmware {
+ public:
+  // 0 when the kernel publishes no tables, they can not be read, or there is no known entry point
+  // in them.
+  int Open() override;
+  int Close() override;
+};
+
+}  // namespace kestrel

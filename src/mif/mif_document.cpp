@@ -1,0 +1,38 @@
+#include "model/smbios_reader.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+namespace {
+
+// Somewhat more than the ten templates take, so that rows alone make the document grow.
+constexpr std::size_t kUsualDocumentSize = 64UL * 1024UL;
+
+using GroupWriter = void (SMBiosReader::*)(std::string&, int&) const;
+
+constexpr GroupWriter kGroupWriters[] = {
+    &SMBiosReader::MakeComponentIDGroup,
+    &SMBiosReader::MakeSystemBiosGroup,
+    &SMBiosReader::MakeBiosCharacteristicGroup,
+};
+
+}  // namespace
+
+std::string SMBiosReader::ObjsToMifString() const {
+  std::string document;
+  document.reserve(kUsualDocumentSize);
+  Append(document, {"Language = \"en|US|iso8859-1\"\r\n"
+                    "\r\n"
+                    "Start Component\r\n"
+                    "\tName = \"DMI\"\r\n"
+                    "\tDescription = \"MIF file for DMI objects. \"\r\n"
+                    "\r\n"});
+  int idCounter = 1;
+  for (const GroupWriter writer : kGroupWriters) {
+    (this->*writer)(document, idCounter);
+  }
+  document.append("End Component\r\n");
+  return document;
+}
+
+}  // namespace kestrel

@@ -1,0 +1,35 @@
+#include "mif/mif_group.h"
+#include "model/smbios_reader.h"
+#include "model/text.h"
+#include "types/type0_bios_information.h"
+
+namespace kestrel {
+
+std::string SMBiosReader::MakeMifTable(const MifTable& table, int& idCounter) const {
+  const std::string rows = CollectMifRows(table.Code);
+  if (rows.empty()) {
+    return {};
+  }
+  const auto id = static_cast<std::uint32_t>(idCounter++);
+  std::string text;
+  Append(text, {"Start Table\r\n\tNAME = \"", table.Name, "\"\r\n\tID = ", Decimal(id),
+                "\r\n\tCLASS = \"", table.Class, "\"\r\n", rows, "End Table\r\n\r\n"});
+  return text;
+}
+
+std::string SMBiosReader::CollectMifRows(std::uint8_t tableCode) const {
+  if (tableCode == kBiosCharacteristicsTable) {
+    const SMType0Obj* bios = GetType0Obj();
+    return bios != nullptr ? bios->GetMifCharacteristicRows() : std::string();
+  }
+  std::string rows;
+  int rowIndex = 1;
+  for (const auto& object : Objects) {
+    if (object->GetType() == tableCode) {
+      rows.append(object->GetMifTableRow(rowIndex));
+    }
+  }
+  return rows;
+}
+
+}  // namespace kestrel

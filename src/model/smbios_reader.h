@@ -1,0 +1,115 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "model/sm_entry_point.h"
+#include "model/sm_obj.h"
+
+namespace kestrel {
+
+class FirmwareAccess;
+class SMType0Obj;
+class TableCursor;
+struct MifGroup;
+struct MifTable;
+
+// The structure table as the firmware handed it over.
+struct TableCopy {
+  // As many bytes as the entry point announces, zeros behind those that could be read.
+  std::vector<std::uint8_t> Bytes;
+  std::size_t BytesRead = 0;
+};
+
+// Reads the structure table through a firmware access, keeps one object per decoded structure, and
+// renders them. Every member is defined where its subject lives: the readers of structure types in
+// types/, the parts of the MIF document in mif/, the way to the table in firmware/.
+//
+// Any member may throw std::bad_alloc; the reader is then as it was before the call.
+class SMBiosReader {
+ public:
+  // Without an access the reader never finds a table; WalkTable works all the same.
+  explicit SMBiosReader(std::unique_ptr<FirmwareAccess> access = nullptr);
+  SMBiosReader(const SMBiosReader&) = delete;
+  SMBiosReader& operator=(const SMBiosReader&) = delete;
+  // Does not close the access.
+  ~SMBiosReader();
+
+  // firmware/: the access and the way to the table.
+
+  // Opens and closes the access: 1, or 0 when it fails or there is none.
+  int OpenAccess();
+  int CloseAccess();
+  // Finds the entry point in the BIOS area and keeps its record: 1, or 0 when there is none.
+  int FindEntryPoint();
+  // The record, or nullptr as long as none was found.
+  const SMEntryPoint* GetEntryPoint() const { return EntryPoint ? &*EntryPoint : nullptr; }
+  // Copies the table, after a search for the entry point if none is held yet. Nothing when there is
+  // no entry point, or when none of the table's bytes could be read.
+  std::optional<TableCopy> CopyTable();
+  // Copies the table and walks it, which appends its structures behind those of earlier calls: 1,
+  // or 0 and an unchanged list when there is no table.
+  int ReadTable();
+
+  // model/: the walk, the list and the report.
+
+  // Appends one object for each structure of a type that has a reader.
+  void WalkTable(std::span<const std::uint8_t> table);
+  // Major version times 10 plus minor version; 0 while no entry point is held.
+  int GetSpecVersion() const;
+  const SMObjList& GetObjects() const { return Objects; }
+  // The first object of a type, or nullptr.
+  const SMObj* GetFirstObj(std::uint8_t type) const;
+  std::string BuildTextReport() const;
+
+  // types/: each reader takes one structure, with the cursor on its Length byte, and appends its
+  // object to the list.
+  void ReadType0(TableCursor& cursor);
+  void ReadType1(TableCursor& cursor);
+  void ReadType126(TableCursor& cursor);
+  void ReadType127(TableCursor& cursor);
+
+  // The first BIOS Information object, or nullptr.
+  const SMType0Obj* GetType0Obj() const;
+
+  // mif/: the MIF document, and what it is made of. A group writer appends its group and the
+  // group's table to the document and takes one number from the ID counter.
+  std::string ObjsToMifString() const;
+  void MakeComponentIDGroup(std::string& document, int& idCounter) const;
+  void MakeSystemBiosGroup(std::string& document, int& idCounter) const;
+  void MakeBiosCharacteristicGroup(std::string& document, int& idCounter) const;
+  std::string GetComponentManufacturer() const;
+  std::string GetComponentProduct() const;
+  std::string GetComponentVersion() const;
+  std::string GetComponentSerialNumber() const;
+
+ private:
+  // What the readers of structure types share.
+
+  // Takes Length and Handle.
+  static void ReadHeader(SMObj& object, TableCursor& cursor);
+  // Fills the string set from the first byte behind the formatted area, with at most the declared
+  // number of strings.
+  void CollectStrings(SMObj& object, TableCursor& cursor) const;
+  // Moves past the end of one string; gives the new position.
+  static std::size_t SkipString(TableCursor& cursor);
+  void AppendObject(std::unique_ptr<const SMObj> object);
+
+  void MakeGroup(const MifGroup& group, std::string& document, int& idCounter) const;
+  // Empty, with the counter untouched, when no object gives a row.
+  std::string MakeMifTable(const MifTable& table, int& idCounter) const;
+  std::string CollectMifRows(std::uint8_t tableCode) const;
+
+  std::unique_ptr<FirmwareAccess> Access;
+  std::optional<SMEntryPoint> EntryPoint;
+  SMObjList Objects;
+  // Where in the table copy the structure begins that is being read.
+  std::size_t StructureStart = 0;
+};
+
+}  // namespace kestrel

@@ -1,0 +1,75 @@
+#include "model/table_walk.h"
+
+#include <array>
+#include <cstdint>
+
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+
+namespace kestrel {
+
+namespace {
+
+using TypeReader = void (SMBiosReader::*)(TableCursor&);
+
+struct DispatchRow {
+  std::uint8_t Type;
+  TypeReader Reader;
+};
+
+constexpr DispatchRow kDispatch[] = {
+    {0, &SMBiosReader::ReadType0},
+    {1, &SMBiosReader::ReadType1},
+    {126, &SMBiosReader::ReadType126},
+    {127, &SMBiosReader::ReadType127},
+};
+
+constexpr auto kReaderOfType = [] {
+  std::array<TypeReader, 256> readers{};
+  for (const DispatchRow& row : kDispatch) {
+    readers[row.Type] = row.Reader;
+  }
+  return readers;
+}();
+
+void SkipStringSet(TableCursor& cursor) {
+  if (cursor.Peek() == 0) {
+    // An empty string set. Firmware pads with more zeros than the two that close it, so the whole
+    // run goes.
+    do {
+      cursor.Skip(1);
+    } while (!cursor.IsAtEnd() && cursor.Peek() == 0);
+    return;
+  }
+  cursor.Skip(1);
+  while (!cursor.IsPastEnd()) {
+    if (cursor.Peek() == 0 && cursor.Peek(1) == 0) {
+      cursor.Skip(2);
+      return;
+    }
+    cursor.Skip(1);
+  }
+}
+
+}  // namespace
+
+void MoveToNextStructure(TableCursor& cursor, std::size_t structureStart) {
+  cursor.MoveTo(structureStart + 1);
+  const std::uint8_t length = cursor.U8();
+  cursor.MoveTo(structureStart + length);
+  SkipStringSet(cursor);
+}
+
+void SMBiosReader::WalkTable(std::span<const std::uint8_t> table) {
+  TableCursor cursor(table);
+  while (!cursor.IsAtEnd()) {
+    StructureStart = cursor.GetPosition();
+    const TypeReader reader = kReaderOfType[cursor.U8()];
+    if (reader != nullptr) {
+      (this->*reader)(cursor);
+    }
+    MoveToNextStructure(cursor, StructureStart);
+  }
+}
+
+}  // namespace kestrel

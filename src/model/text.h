@@ -1,0 +1,64 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace kestrel {
+
+// A number's digits, formatted in place. Converts to a view that lives as long as the object, so a
+// temporary serves within one expression and no longer.
+class Digits {
+ public:
+  // NOLINTNEXTLINE(google-explicit-constructor): a number is one piece of a line like any text.
+  operator std::string_view() const {
+    return {Characters.data() + First, Characters.size() - First};
+  }
+
+  void Prepend(char digit) { Characters[--First] = digit; }
+  std::size_t Size() const { return Characters.size() - First; }
+
+ private:
+  // Twenty digits hold the largest 64-bit number.
+  std::array<char, 20> Characters;
+  std::size_t First = Characters.size();
+};
+
+// Unsigned decimal, without leading zeros.
+Digits Decimal(std::uint64_t value);
+
+// Upper-case hexadecimal with leading zeros up to `width` digits; a larger number keeps all its
+// digits.
+Digits Hex(std::uint64_t value, std::size_t width);
+
+// The pieces of one text, joined as they stand.
+using Pieces = std::initializer_list<std::string_view>;
+
+void Append(std::string& text, Pieces pieces);
+
+// The text block of one structure: a title line, one line per item, and for most types a closing
+// empty line. Lines end with "\r\n".
+class TextBlock {
+ public:
+  explicit TextBlock(std::string_view title);
+
+  // A line indented by one tab.
+  void Item(Pieces pieces);
+  // A line indented by two tabs, which belongs to the item above it.
+  void SubItem(Pieces pieces);
+  // Text as it stands, for the items whose lines do not have the common form.
+  void Raw(Pieces pieces);
+
+  // Ends the block with the empty line that parts it from the next and hands its text over.
+  std::string Close();
+  // Hands the text over as it is.
+  std::string CloseWithoutEmptyLine();
+
+ private:
+  std::string Text;
+};
+
+}  // namespace kestrel

@@ -1,0 +1,190 @@
+#include "types/type0_bios_information.h"
+
+#include <algorithm>
+#include <memory>
+#include <span>
+#include <utility>
+
+#include "model/mif_row.h"
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+namespace {
+
+// The formatted area without extension bytes.
+constexpr std::uint8_t kFixedLength = 0x12;
+
+struct FeatureBit {
+  std::uint8_t Bit;
+  std::string_view Label;
+};
+
+// The wording differs from line to line; consoles know the lines as they are.
+constexpr FeatureBit kCharacteristics[] = {
+    {4, "ISA is Supported : "},
+    {5, "MCA is Supported : "},
+    {6, "EISA is Supported : "},
+    {7, "PCI is Supported : "},
+    {8, "PCMCIA is Supported : "},
+    {9, "PnP is Supported : "},
+    {10, "APM is Supported : "},
+    {11, "BIOS is Upgradeable : "},
+    {12, "BIOS shadowing is allowed : "},
+    {13, "VL-VESA is supported : "},
+    {14, "ESCD support is available : "},
+    {15, "Boot from CD is supported : "},
+    {16, "Selectable Boot is supported : "},
+    {17, "BIOS ROM is Socketed : "},
+    {18, "Boot From PCMCIA is supported : "},
+    {19, "EDD Specification is supported : "},
+    {20, "Floppy for NEC 9800 is supported : "},
+    {21, "Floppy for Toshiba is supported : "},
+    {22, "5.25\"/360 KB Floppy supported : "},
+    {23, "5.25\"/1.2 MB Floppy supported : "},
+    {24, "3.5\"/720 KB Floppy supported : "},
+    {25, "3.5\"/2.88 MB Floppy supported : "},
+    {26, "Print Screen Service is supported : "},
+    {27, "8042 Keyboard services are supported : "},
+    {28, "Serial Services are supported : "},
+    {29, "Printer Services are supported : "},
+    {30, "CGA/Mono Video Services are supported : "},
+    {31, "NEC PC-98 : "},
+};
+
+constexpr FeatureBit kExtensionByte1[] = {
+    {0, "ACPI supported : "},           {1, "USB Legacy is supported : "},
+    {2, "AGP is supported : "},         {3, "I2O boot is supported : "},
+    {4, "LS-120 boot is supported : "}, {5, "ATAPI ZIP Drive boot is supported : "},
+    {6, "1394 boot is supported : "},   {7, "Smart Battery supported : "},
+};
+
+constexpr FeatureBit kExtensionByte2[] = {
+    {0, "BIOS Boot Specification supported : "},
+    {1, "Function key-initiated Network Service boot supported : "},
+};
+
+// The characteristics that the MIF table has rows for, by bit number and by the value of the row.
+struct CharacteristicRow {
+  std::uint8_t Bit;
+  std::uint32_t Value;
+};
+
+constexpr CharacteristicRow kCharacteristicRows[] = {
+    {4, 4},   {5, 5},   {6, 6},   {7, 7},   {8, 8},   {9, 9},   {10, 10},  {11, 11},
+    {12, 12}, {13, 13}, {14, 14}, {15, 15}, {16, 16}, {17, 17}, {31, 160},
+};
+
+constexpr std::string_view kMissingMifDate = "20000101000000.000000-300";
+
+bool IsSet(std::uint32_t bits, std::uint8_t bit) { return (bits >> bit & 1U) != 0; }
+
+void AddFeatures(TextBlock& block, std::span<const FeatureBit> features, std::uint32_t bits) {
+  for (const FeatureBit& feature : features) {
+    block.SubItem({feature.Label, IsSet(bits, feature.Bit) ? "Yes" : "No"});
+  }
+}
+
+std::string_view PieceOf(std::string_view text, std::size_t start, std::size_t length) {
+  return start < text.size() ? text.substr(start, length) : std::string_view{};
+}
+
+// A release date mm/dd/yy or mm/dd/yyyy as a DMI date; whatever else the string holds is cut into
+// the same pieces.
+std::string MifDate(std::string_view date) {
+  std::string text;
+  Append(text,
+         {PieceOf(date, 6, 4), PieceOf(date, 0, 2), PieceOf(date, 3, 2), "000000.000000-300"});
+  return text;
+}
+
+}  // namespace
+
+SMType0Obj::SMType0Obj() {
+  SetType(0);
+  SetStringCount(3);
+}
+
+void SMType0Obj::SetExtensionBytes(std::vector<std::uint8_t> bytes) {
+  ExtensionBytes = std::move(bytes);
+}
+
+void SMBiosReader::ReadType0(TableCursor& cursor) {
+  auto object = std::make_unique<SMType0Obj>();
+  ReadHeader(*object, cursor);
+  if (object->GetLength() < kFixedLength) {
+    // Zero padding behind a string set reads as such a structure.
+    return;
+  }
+  object->SetVendor(cursor.U8());
+  object->SetBiosVersion(cursor.U8());
+  object->SetBiosStartingAddressSegment(cursor.U16());
+  object->SetBiosReleaseDate(cursor.U8());
+  object->SetBiosRomSize(cursor.U8());
+  const std::uint32_t low = cursor.U32();
+  const std::uint32_t high = cursor.U32();
+  object->SetBiosCharacteristics(low, high);
+  std::vector<std::uint8_t> extension(object->GetLength() - std::size_t{kFixedLength});
+  cursor.Bytes(extension);
+  object->SetExtensionBytes(std::move(extension));
+  CollectStrings(*object, cursor);
+  AppendObject(std::move(object));
+}
+
+const SMType0Obj* SMBiosReader::GetType0Obj() const {
+  return static_cast<const SMType0Obj*>(GetFirstObj(0));
+}
+
+std::string SMType0Obj::GetVendorText() const {
+  return std::string(kVendorLabel).append(GetString(Vendor));
+}
+
+std::string SMType0Obj::GetVersionText() const {
+  return std::string(kVersionLabel).append(GetString(BiosVersion));
+}
+
+std::string SMType0Obj::GetReleaseDateText() const {
+  return std::string(kReleaseDateLabel).append(GetString(BiosReleaseDate));
+}
+
+std::string SMType0Obj::ToString() const {
+  TextBlock block("BIOS Information (Type 0)");
+  block.Item({GetVendorText()});
+  block.Item({GetVersionText()});
+  block.Item({"BIOS Starting Address Segment : ", Hex(BiosStartingAddressSegment, 4), "h"});
+  block.Item({GetReleaseDateText()});
+  block.Item({"BIOS Rom Size : ", Decimal(GetRomSize()), " K"});
+  block.Item({"BIOS Characteristics : ", Hex(BiosCharacteristics[0], 8), "h ",
+              Hex(BiosCharacteristics[1], 8), "h"});
+  AddFeatures(block, kCharacteristics, BiosCharacteristics[0]);
+  if (!ExtensionBytes.empty()) {
+    AddFeatures(block, kExtensionByte1, ExtensionBytes[0]);
+  }
+  if (ExtensionBytes.size() > 1) {
+    AddFeatures(block, kExtensionByte2, ExtensionBytes[1]);
+  }
+  return block.Close();
+}
+
+std::string SMType0Obj::GetMifTableRow(int& /*rowIndex*/) const {
+  const std::string_view date = GetString(BiosReleaseDate);
+  // A date string can not be empty: the string set would have ended there.
+  const std::string mifDate = date.empty() ? std::string(kMissingMifDate) : MifDate(date);
+  return MifRow({0U, GetString(Vendor), GetString(BiosVersion), GetRomSize(),
+                 BiosStartingAddressSegment, 0U, kEmptyMifString, std::string_view(mifDate), 1U});
+}
+
+std::string SMType0Obj::GetMifCharacteristicRows() const {
+  std::string rows;
+  std::uint32_t index = 0;
+  for (const CharacteristicRow& row : kCharacteristicRows) {
+    if (IsSet(BiosCharacteristics[0], row.Bit)) {
+      rows.append(MifRow({index++, 0U, row.Value, kEmptyMifString}));
+    }
+  }
+  return rows;
+}
+
+}  // namespace kestrel

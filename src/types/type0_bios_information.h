@@ -1,0 +1,58 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/sm_obj.h"
+
+namespace kestrel {
+
+// BIOS Information: who made the BIOS, where it lies, and what it supports. Layout: DMTF DSP0134,
+// "BIOS Information (Type 0) structure".
+class SMType0Obj final : public SMObj {
+ public:
+  SMType0Obj();
+
+  void SetVendor(std::uint8_t value) { Vendor = value; }
+  void SetBiosVersion(std::uint8_t value) { BiosVersion = value; }
+  void SetBiosStartingAddressSegment(std::uint16_t value) { BiosStartingAddressSegment = value; }
+  void SetBiosReleaseDate(std::uint8_t value) { BiosReleaseDate = value; }
+  void SetBiosRomSize(std::uint8_t value) { BiosRomSize = value; }
+  void SetBiosCharacteristics(std::uint32_t low, std::uint32_t high) {
+    BiosCharacteristics = {low, high};
+  }
+  void SetExtensionBytes(std::vector<std::uint8_t> bytes);
+
+  // Item texts of the block: a label that ends in " : ", then the string, if there is one.
+  std::string GetVendorText() const;
+  std::string GetVersionText() const;
+  std::string GetReleaseDateText() const;
+
+  std::string ToString() const override;
+  std::string GetMifTableRow(int& rowIndex) const override;
+  // The rows of the BIOS characteristics table: one per supported feature, numbered from 0.
+  std::string GetMifCharacteristicRows() const;
+
+ private:
+  // In kilobytes.
+  std::uint32_t GetRomSize() const { return (BiosRomSize + 1U) * 64U; }
+
+  std::vector<std::uint8_t> ExtensionBytes;
+  // The low half of the bits, then the high half.
+  std::array<std::uint32_t, 2> BiosCharacteristics{};
+  std::uint8_t BiosRomSize = 0;
+  std::uint8_t BiosReleaseDate = 0;
+  std::uint16_t BiosStartingAddressSegment = 0;
+  std::uint8_t BiosVersion = 0;
+  std::uint8_t Vendor = 0;
+};
+
+// The labels of the three item texts.
+inline constexpr std::string_view kVendorLabel = "Vendor Name : ";
+inline constexpr std::string_view kVersionLabel = "BIOS Version : ";
+inline constexpr std::string_view kReleaseDateLabel = "BIOS Release Date : ";
+
+}  // namespace kestrel

@@ -1,0 +1,25 @@
+#include <memory>
+#include <utility>
+
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+
+namespace kestrel {
+
+namespace {
+
+// Inactive: a structure that the firmware took out of use. Kept in the list, shown nowhere.
+class SMType126Obj final : public SMObj {
+ public:
+  SMType126Obj() { SetType(126); }
+};
+
+}  // namespace
+
+void SMBiosReader::ReadType126(TableCursor& cursor) {
+  auto object = std::make_unique<SMType126Obj>();
+  ReadHeader(*object, cursor);
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel

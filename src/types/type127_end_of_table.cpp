@@ -1,0 +1,28 @@
+#include <memory>
+#include <utility>
+
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+namespace {
+
+// End-of-Table: marks where the table should end; only the table's length ends the walk.
+class SMType127Obj final : public SMObj {
+ public:
+  SMType127Obj() { SetType(127); }
+
+  std::string ToString() const override { return TextBlock("End-of-Table (Type 127)").Close(); }
+};
+
+}  // namespace
+
+void SMBiosReader::ReadType127(TableCursor& cursor) {
+  auto object = std::make_unique<SMType127Obj>();
+  ReadHeader(*object, cursor);
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel

@@ -1,0 +1,83 @@
+#include "types/type1_system_information.h"
+
+#include <memory>
+#include <utility>
+
+#include "model/code_text.h"
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+namespace {
+
+constexpr CodeText kWakeUpTypes[] = {
+    {0, "Reserved"},     {1, "Other"},      {2, "Unknown"},
+    {3, "APM Timer"},    {4, "Modem Ring"}, {5, "LAN Remote"},
+    {6, "Power Switch"}, {7, "PCI PME#"},   {8, "AC Power Restored"},
+};
+
+}  // namespace
+
+SMType1Obj::SMType1Obj() {
+  SetType(1);
+  SetStringCount(4);
+}
+
+void SMBiosReader::ReadType1(TableCursor& cursor) {
+  auto object = std::make_unique<SMType1Obj>();
+  ReadHeader(*object, cursor);
+  object->SetManufacturer(cursor.U8());
+  object->SetProductName(cursor.U8());
+  object->SetVersion(cursor.U8());
+  object->SetSerialNumber(cursor.U8());
+  std::array<std::uint8_t, 16> uuid{};
+  cursor.Bytes(uuid);
+  object->SetUuid(uuid);
+  object->SetWakeUpType(cursor.U8());
+  CollectStrings(*object, cursor);
+  AppendObject(std::move(object));
+}
+
+std::string SMType1Obj::GetManufacturerText() const {
+  return std::string("Manufacturer Name : ").append(GetString(Manufacturer));
+}
+
+std::string SMType1Obj::GetProductNameText() const {
+  return std::string("Product Name : ").append(GetString(ProductName));
+}
+
+std::string SMType1Obj::GetVersionText() const {
+  return std::string("Version : ").append(GetString(Version));
+}
+
+std::string SMType1Obj::GetSerialNumberText() const {
+  return std::string("Serial Number : ").append(GetString(SerialNumber));
+}
+
+std::string SMType1Obj::GetUuidText() const {
+  // No blank behind the colon: each byte brings its own, and no leading zero.
+  std::string text = "UUID :";
+  for (const std::uint8_t byte : Uuid) {
+    Append(text, {" ", Hex(byte, 1)});
+  }
+  return text;
+}
+
+std::string SMType1Obj::GetWakeUpTypeText() const {
+  return std::string("Wake-up Type : ").append(TextOfCode(kWakeUpTypes, WakeUpType, kUnknown));
+}
+
+std::string SMType1Obj::ToString() const {
+  TextBlock block("System Information (Type 1)");
+  block.Item({GetManufacturerText()});
+  block.Item({GetProductNameText()});
+  block.Item({GetVersionText()});
+  block.Item({GetSerialNumberText()});
+  block.Item({GetUuidText()});
+  block.Item({GetWakeUpTypeText()});
+  return block.Close();
+}
+
+}  // namespace kestrel
