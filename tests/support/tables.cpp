@@ -1,6 +1,8 @@
 #include "tests/support/tables.h"
 
+#include <algorithm>
 #include <fstream>
+#include <gmock/gmock.h>
 #include <iterator>
 #include <memory>
 #include <stdexcept>
@@ -19,6 +21,12 @@ std::unique_ptr<SMBiosReader> ReaderOf(const Bytes& table, SmbiosVersion version
     throw std::runtime_error("the table could not be read");
   }
   return reader;
+}
+
+Bytes WithBytes(Bytes structure, const LineCase& test) {
+  std::copy(test.Value.begin(), test.Value.end(),
+            structure.begin() + static_cast<std::ptrdiff_t>(test.Offset));
+  return structure;
 }
 
 }  // namespace
@@ -46,20 +54,36 @@ std::string MifOf(const Bytes& table, SmbiosVersion version) {
   return ReaderOf(table, version)->ObjsToMifString();
 }
 
-std::vector<std::string> MifRowsOf(const Bytes& table, std::string_view name,
-                                   SmbiosVersion version) {
-  const std::string document = MifOf(table, version);
-  const std::string head = "Start Table\r\n\tNAME = \"" + std::string(name) + "\"\r\n";
-  std::vector<std::string> rows;
-  std::size_t position = document.find(head);
-  while (position != std::string::npos && document.compare(position, 9, "End Table") != 0) {
-    const std::size_t end = document.find("\r\n", position);
-    if (document.compare(position, 2, "\t{") == 0) {
-      rows.push_back(document.substr(position + 1, end - position - 1));
+std::string MifRowsOf(const Bytes& table, std::uint8_t type, SmbiosVersion version) {
+  const auto reader = ReaderOf(table, version);
+  std::string rows;
+  int rowIndex = 1;
+  for (const auto& object : reader->GetObjects()) {
+    if (object->GetType() == type) {
+      rows.append(object->GetMifTableRow(rowIndex));
     }
-    position = end + 2;
   }
   return rows;
+}
+
+void ExpectReports(std::initializer_list<ReportCase> cases) {
+  for (const ReportCase& test : cases) {
+    EXPECT_EQ(ReportOf(test.Table, test.Version), test.Report) << test.Name;
+  }
+}
+
+void ExpectLines(const Bytes& structure, std::initializer_list<LineCase> cases) {
+  for (const LineCase& test : cases) {
+    const std::string line = "\r\n\t" + std::string(test.Line) + "\r\n";
+    EXPECT_THAT(ReportOf(WithBytes(structure, test)), testing::HasSubstr(line));
+  }
+}
+
+void ExpectMifRows(const Bytes& structure, std::initializer_list<LineCase> cases) {
+  for (const LineCase& test : cases) {
+    EXPECT_EQ(MifRowsOf(WithBytes(structure, test), structure.front()),
+              "\t" + std::string(test.Line) + "\r\n");
+  }
 }
 
 std::string ExpectedText(const std::string& name) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
@@ -23,10 +24,31 @@ Bytes Join(std::initializer_list<Bytes> parts);
 std::string ReportOf(const Bytes& table, SmbiosVersion version = {});
 std::string MifOf(const Bytes& table, SmbiosVersion version = {});
 
-// The rows of the table called `name` in the MIF document of `table`, without their tabs and line
-// ends; empty when the document has no such table.
-std::vector<std::string> MifRowsOf(const Bytes& table, std::string_view name,
-                                   SmbiosVersion version = {});
+// The rows that the objects of type `type` give, in table order, numbered from 1 on.
+std::string MifRowsOf(const Bytes& table, std::uint8_t type, SmbiosVersion version = {});
+
+// A table, often of one structure only, and the whole report of it.
+struct ReportCase {
+  const char* Name;
+  Bytes Table;
+  std::string_view Report;
+  SmbiosVersion Version = {};
+};
+
+void ExpectReports(std::initializer_list<ReportCase> cases);
+
+// Bytes put at an offset of a structure, and a line that its block then has, without tab and line
+// end. "\r\n" within the line stands for itself.
+struct LineCase {
+  std::size_t Offset;
+  Bytes Value;
+  std::string_view Line;
+};
+
+void ExpectLines(const Bytes& structure, std::initializer_list<LineCase> cases);
+
+// The same for the row that the structure gives in the MIF table of its type.
+void ExpectMifRows(const Bytes& structure, std::initializer_list<LineCase> cases);
 
 // The content of a file under tests/expected/.
 std::string ExpectedText(const std::string& name);

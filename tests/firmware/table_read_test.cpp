@@ -1,0 +1,158 @@
+#include <gmock/gmock.h>
+#include <map>
+#include <memory>
+#include <utility>
+
+#include "firmware/entry_point_search.h"
+#include "firmware/firmware_access.h"
+#include "firmware/sparse_memory.h"
+#include "model/smbios_reader.h"
+#include "tests/support/tables.h"
+
+namespace kestrel {
+namespace {
+
+// A memory that keeps what is asked of it.
+class ScriptedFirmware final : public FirmwareAccess {
+ public:
+  explicit ScriptedFirmware(SparseMemory& memory) : Memory(memory) {}
+
+  int Open() override { return 1; }
+  int Close() override { return 1; }
+  std::uint32_t ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) override {
+    return Memory.Read(address, buffer);
+  }
+
+ private:
+  SparseMemory& Memory;
+};
+
+// An entry point with wrong checksums: nobody may look at them.
+Bytes EntryPoint(std::uint8_t major, std::uint8_t minor, std::uint16_t tableLength,
+                 std::uint32_t tableAddress) {
+  const auto byte = [](std::uint32_t value, int index) {
+    return static_cast<std::uint8_t>(value >> (8 * index));
+  };
+  return Join(
+      {{'_', 'S', 'M', '_', 0x11, 0x1F, major, minor, 0x40, 0x00, 0x00, 1, 2, 3, 4, 5},
+       {'_', 'D', 'M', 'I', '_', 0x22, byte(tableLength, 0), byte(tableLength, 1)},
+       {byte(tableAddress, 0), byte(tableAddress, 1), byte(tableAddress, 2), byte(tableAddress, 3)},
+       {0x02, 0x00, 0x23}});
+}
+
+const Bytes kEnd = {0x7F, 4, 0, 0, 0, 0};
+constexpr std::uint32_t kTableAddress = 0xFFFF0000;
+
+// What a reader finds in a memory with entry points at some addresses and one table.
+struct Outcome {
+  int Result;
+  int Version;
+  std::string Report;
+
+  bool operator==(const Outcome&) const = default;
+};
+
+Outcome Read(const std::map<std::uint32_t, Bytes>& regions) {
+  SparseMemory memory;
+  for (const auto& [address, bytes] : regions) {
+    memory.Map(address, bytes);
+  }
+  SMBiosReader reader(std::make_unique<ScriptedFirmware>(memory));
+  const int result = reader.ReadTable();
+  return {result, reader.GetSpecVersion(), reader.BuildTextReport()};
+}
+
+const Outcome kNothing = {0, 0, ""};
+const Outcome kOneBlock = {1, 23, "End-of-Table (Type 127)\r\n\r\n"};
+
+TEST(EntryPointSearchTest, LooksThroughTheBiosArea) {
+  const Bytes entry = EntryPoint(2, 3, 6, kTableAddress);
+  const Bytes other = EntryPoint(3, 0, 6, kTableAddress);
+  const struct {
+    const char* Name;
+    std::map<std::uint32_t, Bytes> Regions;
+    Outcome Expected;
+  } cases[] = {
+      {"nothing", {}, kNothing},
+      {"at the start", {{0xF0000, entry}, {kTableAddress, kEnd}}, kOneBlock},
+      {"in the last paragraph",
+       {{0xFFF00, Join({Bytes(0xF0), entry})}, {kTableAddress, kEnd}},
+       kOneBlock},
+      {"at a multiple of 4",
+       {{0xF1200, Join({Bytes(0x34), entry})}, {kTableAddress, kEnd}},
+       kOneBlock},
+      {"at no multiple of 4", {{0xF1200, Join({{0, 0}, entry})}, {kTableAddress, kEnd}}, kNothing},
+      {"below the area", {{0xEFFF0, entry}, {kTableAddress, kEnd}}, kNothing},
+      {"above the area", {{0x100000, entry}, {kTableAddress, kEnd}}, kNothing},
+      {"the lower of two", {{0xF8000, entry}, {0xF9000, other}, {kTableAddress, kEnd}}, kOneBlock},
+      {"version 2.1", {{0xF0000, EntryPoint(2, 1, 6, 0)}, {0, kEnd}}, {1, 21, kOneBlock.Report}},
+      {"version 3.0", {{0xF0000, EntryPoint(3, 0, 6, 0)}, {0, kEnd}}, {1, 30, kOneBlock.Report}},
+  };
+  for (const auto& test : cases) {
+    EXPECT_EQ(Read(test.Regions), test.Expected) << test.Name;
+  }
+}
+
+TEST(EntryPointSearchTest, ComparesWordsBelowTheLength) {
+  const Bytes buffer = {1, 2, 3, 4, 0x5F, 0x53, 0x4D, 0x5F, 0x5F, 0x53, 0x4D, 0x5F};
+  std::size_t offset = 99;
+  EXPECT_EQ(FindDword(buffer, kAnchor, offset), 1);
+  EXPECT_EQ(offset, 4);
+  EXPECT_EQ(FindDword(std::span(buffer).first(4), kAnchor, offset), 0);
+  EXPECT_EQ(offset, 4);
+}
+
+TEST(TableReadTest, TakesWhatTheTableHolds) {
+  const auto entry = [](std::uint16_t length) { return EntryPoint(2, 3, length, kTableAddress); };
+  const struct {
+    const char* Name;
+    std::map<std::uint32_t, Bytes> Regions;
+    Outcome Expected;
+  } cases[] = {
+      {"no table to be read", {{0xF0000, entry(6)}}, {0, 23, ""}},
+      {"a table of no bytes", {{0xF0000, entry(0)}}, {1, 23, ""}},
+      {"read short, zeros behind", {{0xF0000, entry(6)}, {kTableAddress, {0x7F, 4}}}, kOneBlock},
+      {"bytes behind the length",
+       {{0xF0000, entry(6)}, {kTableAddress, Join({kEnd, kEnd})}},
+       kOneBlock},
+  };
+  for (const auto& test : cases) {
+    EXPECT_EQ(Read(test.Regions), test.Expected) << test.Name;
+  }
+}
+
+TEST(TableReadTest, KeepsTheFirstEntryPointAndSearchesAgainWithoutOne) {
+  SparseMemory memory;
+  SMBiosReader reader(std::make_unique<ScriptedFirmware>(memory));
+  EXPECT_EQ(reader.ReadTable(), 0);
+  memory.Map(0xF8000, EntryPoint(2, 3, 6, 0));
+  memory.Map(0, kEnd);
+  EXPECT_EQ(reader.ReadTable(), 1);
+  memory.Map(0xF0000, EntryPoint(3, 0, 6, 0));
+  EXPECT_EQ(reader.ReadTable(), 1);
+  EXPECT_EQ(reader.GetSpecVersion(), 23);
+  EXPECT_EQ(reader.GetObjects().size(), 2);
+}
+
+TEST(EntryPointRecordTest, HoldsEveryField) {
+  SparseMemory memory;
+  memory.Map(0xF0000, EntryPoint(2, 3, 0xABCD, 0x12345678));
+  SMBiosReader reader(std::make_unique<ScriptedFirmware>(memory));
+  ASSERT_EQ(reader.FindEntryPoint(), 1);
+  const SMEntryPoint& record = *reader.GetEntryPoint();
+  EXPECT_THAT(record.GetAnchor(), testing::ElementsAre('_', 'S', 'M', '_'));
+  EXPECT_EQ(record.GetChecksum(), 0x11);
+  EXPECT_EQ(record.GetEntryPointLength(), 0x1F);
+  EXPECT_EQ(record.GetMaxStructureSize(), 0x40);
+  EXPECT_EQ(record.GetEntryPointRevision(), 0);
+  EXPECT_THAT(record.GetFormattedArea(), testing::ElementsAre(1, 2, 3, 4, 5));
+  EXPECT_THAT(record.GetIntermediateAnchor(), testing::ElementsAre('_', 'D', 'M', 'I', '_'));
+  EXPECT_EQ(record.GetIntermediateChecksum(), 0x22);
+  EXPECT_EQ(record.GetTableLength(), 0xABCD);
+  EXPECT_EQ(record.GetTableAddress(), 0x12345678);
+  EXPECT_EQ(record.GetStructureCount(), 2);
+  EXPECT_EQ(record.GetBcdRevision(), 0x23);
+}
+
+}  // namespace
+}  // namespace kestrel
