@@ -1,0 +1,140 @@
+#!/usr/bin/env bash
+# Runs the tool on bad input: each case gives one line on standard error, its exit code, and nothing
+# on standard output. Argument: the tool.
+set -uo pipefail
+kestrel=$1
+folder=$(mktemp -d)
+trap 'chmod -R u+rwX "$folder"; rm -rf "$folder"' EXIT
+cd "$folder" || exit 1
+failures=0
+
+fail() {
+  echo "FAILED: $*"
+  failures=$((failures + 1))
+}
+
+# expect CODE MESSAGE ARGUMENTS...: what the tool says to the arguments, behind "kestrel: ".
+expect() {
+  local code=$1 message="kestrel: $2" actual
+  shift 2
+  actual=0
+  "$kestrel" "$@" >out 2>err </dev/null || actual=$?
+  [ "$actual" -eq "$code" ] || fail "$*: exit $actual, not $code"
+  [ "$(cat err)" = "$message" ] || fail "$*: said '$(cat err)', not '$message'"
+  [ ! -s out ] || fail "$*: wrote to standard output"
+}
+
+usage=": see 'kestrel --help'"
+expect 2 "a command is missing$usage"
+expect 2 "there is no command frob$usage" frob
+expect 2 "there is no command --frob$usage" --frob
+expect 2 "The following argument was not expected: --frob$usage" report --frob
+expect 2 "The following argument was not expected: more$usage" list --sample more
+expect 2 "FILE is required$usage" save
+expect 2 "--image: 1 required FILE missing$usage" report --image
+expect 2 "--format: takes auto, memory, dump, rsmb or raw$usage" report --image x --format jpeg
+expect 2 "--format requires --image$usage" report --format raw
+expect 2 "--image excludes --sample$usage" mif --image x --sample
+for version in 2 2.x 2.300 -1.0 2. .3 2.3.1 ' 2.3' ''; do
+  expect 2 "--smbios-version: takes a version like 2.3$usage" report --image x --smbios-version "$version"
+done
+expect 2 "--smbios-version: goes with a raw table only$usage" \
+  report --image x --format dump --smbios-version 2.3
+
+# le WIDTH NUMBER: a little-endian number. entry_point LENGTH ADDRESS: a 32-bit entry point.
+le() {
+  local index
+  for ((index = 0; index < $1; index++)); do
+    printf '%b' "\\x$(printf '%02x' $(($2 >> (8 * index) & 255)))"
+  done
+}
+entry_point() {
+  printf '_SM_\x00\x1F\x02\x03\x00\x00\x00\x00\x00\x00\x00\x00_DMI_\x00'
+  le 2 "$1"
+  le 4 "$2"
+  printf '\x01\x00\x23\x00'
+}
+table='\x7F\x04\x00\x00\x00\x00'
+end_block=$'End-of-Table (Type 127)\n'
+
+: >empty
+printf x >one
+head -c 65536 /dev/zero >zeros-64k
+head -c 1048576 /dev/zero >zeros-1m
+truncate -s 8G sparse
+printf 'This is a text.\nIt has no zeros.\n' >text
+{ entry_point 6 32; printf '%b' "$table"; } >dump
+head -c 20 dump >cut-in-entry-point
+{ entry_point 12 32; printf '%b' "$table"; } >cut-in-table
+{ entry_point 6 4096; printf '%b' "$table"; } >outside
+{ entry_point 0 32; printf '%b' "$table"; } >no-length
+{ printf '\x00\x02\x03\x00'; le 4 6; printf '%b' "$table"; } >rsmb
+mkdir folder
+again=": save the image again"
+unknown=" is no image of this kind: name a saved image, or its kind with --format"
+expect 1 "'missing' can not be read (No such file or directory): name a file that can" report --image missing
+expect 1 "'' can not be read (No such file or directory): name a file that can" report --image ''
+expect 1 "'folder' is not a file: name a saved image" report --image folder
+expect 1 "'/dev/zero' is not a file: name a saved image" report --image /dev/zero
+expect 1 "'empty' is empty$again" report --image empty
+expect 1 "'one'$unknown" report --image one
+expect 1 "'text'$unknown" report --image text
+for size in 64k 1m; do
+  expect 1 "'zeros-$size' has no SMBIOS entry point between F0000h and FFFFFh: save an image that holds it" \
+    mif --image zeros-$size
+done
+expect 1 "'sparse' is too large: an image ends below 4 GiB, a raw table at 65,535 bytes" report --image sparse
+expect 1 "'cut-in-entry-point' ends inside its entry point$again" bios --image cut-in-entry-point
+expect 1 "'outside' does not hold the table that its entry point names: save an image that does" \
+  list --image outside
+expect 1 "'no-length' has a table of no bytes$again" report --image no-length
+for format in memory rsmb; do
+  expect 1 "'dump'$unknown" report --image dump --format $format
+done
+expect 1 "'zeros-1m' is too large: an image ends below 4 GiB, a raw table at 65,535 bytes" \
+  report --image zeros-1m --format raw
+expect 1 "the table has no BIOS Information: see what it has with 'kestrel list'" bios --image dump
+if [ "$(id -u)" -eq 0 ]; then
+  # Root may read anything, so somebody else has to fail.
+  chmod 755 . && cp dump secret && chmod 000 secret
+  setpriv --reuid=65534 --clear-groups "$kestrel" report --image secret >out 2>err
+  [ "$?/$(cat err)" = "1/kestrel: 'secret' can not be read (Permission denied): name a file that can" ] ||
+    fail "no permission: said '$(cat err)'"
+fi
+
+write=": write to a place that takes it"
+expect 1 "'nowhere/x' can not be written (No such file or directory)$write" report --sample -o nowhere/x
+expect 1 "'folder' can not be written (Is a directory)$write" report --sample -o folder
+"$kestrel" mif --sample >/dev/full 2>err
+[ "$?/$(cat err)" = "1/kestrel: standard output can not be written (No space left on device)$write" ] ||
+  fail "full device: said '$(cat err)'"
+
+# A reader that goes away is no failure.
+{
+  until [ -e gone ]; do sleep 0.01; done
+  "$kestrel" mif --sample 2>err
+  echo $? >code
+} | {
+  exec <&-
+  touch gone
+}
+[ "$(cat code)/$(cat err)" = 0/ ] || fail "closed pipe: exit $(cat code), said '$(cat err)'"
+
+# A cut table is shown as far as it goes, with a warning.
+"$kestrel" report --image cut-in-table >out 2>err
+[ "$?/$(cat err)" = "0/kestrel: warning: the table is cut, 6 of 12 bytes are there: it is shown as far as it goes" ] ||
+  fail "cut table: said '$(cat err)'"
+[ "$(cat out)" = "${end_block%$'\n'}" ] || fail "cut table: shown as '$(cat out)'"
+
+# What fails leaves an earlier file as it was, and nothing beside it.
+echo earlier >kept
+(ulimit -f 1; trap '' XFSZ; "$kestrel" mif --sample -o kept) 2>err
+[ "$(cat kept*)" = earlier ] || fail "a failed write changed its target"
+[ "$(cat err)" = "kestrel: 'kept' can not be written (File too large)$write" ] ||
+  fail "file too large: said '$(cat err)'"
+
+for image in dump rsmb; do
+  [ "$("$kestrel" report --image $image)" = "${end_block%$'\n'}" ] || fail "$image is not shown"
+done
+
+[ "$failures" -eq 0 ]

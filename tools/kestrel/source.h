@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "firmware/image_firmware.h"
+#include "firmware/table_firmware.h"
+#include "model/smbios_reader.h"
+
+namespace kestrel {
+
+// Which tables a command works on: an image, else the sample, else the machine it runs on.
+struct SourceOptions {
+  std::optional<std::string> Image;
+  ImageKind Format = ImageKind::Auto;
+  // For a raw table, which carries no version.
+  SmbiosVersion RawVersion;
+  bool Sample = false;
+};
+
+// Tables that were found, with the reader that found them.
+struct OpenedSource {
+  std::unique_ptr<SMBiosReader> Reader;
+  TableCopy Table;
+  // What a person should know of the table, one line each.
+  std::vector<std::string> Warnings;
+};
+
+// Finds the entry point and copies the table, without walking it. Throws ToolError when there is
+// none to be had.
+OpenedSource OpenSource(const SourceOptions& options);
+
+}  // namespace kestrel

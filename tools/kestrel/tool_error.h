@@ -1,0 +1,30 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace kestrel {
+
+// What the tool's process returns.
+enum class ExitCode {
+  Done = 0,
+  // No SMBIOS to be had: no access, no entry point, an image of no use, or an output that can not
+  // be written.
+  Failed = 1,
+  WrongUsage = 2,
+};
+
+// Ends a command. The text becomes the one line on standard error, behind "kestrel: "; it says what
+// went wrong, then ": " and what to do.
+class ToolError : public std::runtime_error {
+ public:
+  explicit ToolError(const std::string& message, ExitCode code = ExitCode::Failed)
+      : std::runtime_error(message), Code(code) {}
+
+  ExitCode GetCode() const { return Code; }
+
+ private:
+  ExitCode Code;
+};
+
+}  // namespace kestrel
