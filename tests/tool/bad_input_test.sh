@@ -3,6 +3,7 @@
 # on standard output. Argument: the tool.
 set -uo pipefail
 kestrel=$1
+. support/tables.sh
 folder=$(mktemp -d)
 trap 'chmod -R u+rwX "$folder"; rm -rf "$folder"' EXIT
 cd "$folder" || exit 1
@@ -41,20 +42,6 @@ done
 expect 2 "--smbios-version: goes with a raw table only$usage" \
   report --image x --format dump --smbios-version 2.3
 
-# le WIDTH NUMBER: a little-endian number. entry_point LENGTH ADDRESS: a 32-bit entry point.
-le() {
-  local index
-  for ((index = 0; index < $1; index++)); do
-    printf '%b' "\\x$(printf '%02x' $(($2 >> (8 * index) & 255)))"
-  done
-}
-entry_point() {
-  printf '_SM_\x00\x1F\x02\x03\x00\x00\x00\x00\x00\x00\x00\x00_DMI_\x00'
-  le 2 "$1"
-  le 4 "$2"
-  printf '\x01\x00\x23\x00'
-}
-table='\x7F\x04\x00\x00\x00\x00'
 end_block=$'End-of-Table (Type 127)\n'
 
 : >empty
@@ -63,12 +50,12 @@ head -c 65536 /dev/zero >zeros-64k
 head -c 1048576 /dev/zero >zeros-1m
 truncate -s 8G sparse
 printf 'This is a text.\nIt has no zeros.\n' >text
-{ entry_point 6 32; printf '%b' "$table"; } >dump
+{ entry_point 6 32; end_of_table; } >dump
 head -c 20 dump >cut-in-entry-point
-{ entry_point 12 32; printf '%b' "$table"; } >cut-in-table
-{ entry_point 6 4096; printf '%b' "$table"; } >outside
-{ entry_point 0 32; printf '%b' "$table"; } >no-length
-{ printf '\x00\x02\x03\x00'; le 4 6; printf '%b' "$table"; } >rsmb
+{ entry_point 12 32; end_of_table; } >cut-in-table
+{ entry_point 6 4096; end_of_table; } >outside
+{ entry_point 0 32; end_of_table; } >no-length
+{ printf '\x00\x02\x03\x00'; le 4 6; end_of_table; } >rsmb
 mkdir folder
 again=": save the image again"
 unknown=" is no image of this kind: name a saved image, or its kind with --format"

@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# Runs the library, through a host, and the tool on tables that stand where the kernel publishes
+# them. Arguments: the tool, the host. Exits with 77 where nobody may arrange that.
+set -euo pipefail
+kestrel=$1 host=$2
+. support/tables.sh
+
+skip() {
+  echo "skipped: a /sys/firmware of its own is not permitted: $*"
+  exit 77
+}
+
+fail() {
+  echo "FAILED: $*"
+  exit 1
+}
+
+if [ "${3-}" != inside ]; then
+  why=$(unshare --mount true 2>&1) || skip "$why"
+  exec unshare --mount "$0" "$kestrel" "$host" inside
+fi
+why=$(mount -t tmpfs kestrel-test /sys/firmware 2>&1) || skip "$why"
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+
+if "$kestrel" report >"$folder/out" 2>"$folder/err" || [ -s "$folder/out" ]; then
+  fail "a report without tables"
+fi
+grep -q '^kestrel: this machine shows no SMBIOS tables: ' "$folder/err" || fail "$(cat "$folder/err")"
+
+tables=/sys/firmware/dmi/tables
+mkdir -p $tables
+{ bios_information; end_of_table; } >$tables/DMI
+length=$(stat --format %s $tables/DMI)
+for kind in entry_point entry_point_64; do
+  # Where the table lies in the machine's memory plays no part.
+  $kind "$length" $((0xDEADB000)) >$tables/smbios_entry_point
+  "$host" "$folder/report" "$folder/mif" || fail "the host, with $kind"
+  "$kestrel" report --exact --image $tables/DMI --format raw | cmp - "$folder/report" || fail "report, $kind"
+  "$kestrel" mif --image $tables/DMI --format raw | cmp - "$folder/mif" || fail "document, $kind"
+  [ "$("$kestrel" bios)" = "Vendor Name : Maker
+BIOS Version : 1.07
+BIOS Release Date : 05/14/2002" ] || fail "bios, $kind"
+
+  "$kestrel" save "$folder/dump"
+  for format in auto dump; do
+    "$kestrel" report --exact --image "$folder/dump" --format $format | cmp - "$folder/report" ||
+      fail "saved dump read as $format, $kind"
+  done
+  tail --bytes=+33 "$folder/dump" | cmp - $tables/DMI || fail "saved table, $kind"
+done
+
+# A table longer than a 32-bit entry point can say: what fits is shown, and so is that some is not.
+for ((index = 0; index < 11700; index++)); do printf '\x7E\x04\x00\x00\x00\x00'; done >$tables/DMI
+end_of_table >>$tables/DMI
+entry_point_64 $((11701 * 6)) $((0x100000)) >$tables/smbios_entry_point
+[ "$("$kestrel" list 2>"$folder/err" | wc -l)" -eq 10922 ] || fail "a table too long"
+[ "$(cat "$folder/err")" = "kestrel: warning: the table is longer than 65,535 bytes: the structures beyond them are left out" ] ||
+  fail "$(cat "$folder/err")"

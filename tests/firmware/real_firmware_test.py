@@ -1,0 +1,135 @@
+#!/usr/bin/env python3
+"""Reads the tables that a PC's firmware made, from a saved image of its memory: starts an emulated
+PC, waits until its firmware has written its entry point, saves the first megabyte, and shows it.
+Argument: the tool."""
+
+import json
+import os
+import socket
+import subprocess
+import sys
+import tempfile
+import time
+
+KESTREL = sys.argv[1]
+PATIENCE = 120
+
+BIOS = "type=0,vendor=Merlin Firmware,version=4.2-K,date=03/14/2001,release=4.2"
+SYSTEM = (
+    "type=1,manufacturer=Hobby Works,product=Kite 300,version=rev C,serial=HW-0042,"
+    "uuid=00112233-4455-6677-8899-aabbccddeeff,sku=K300,family=Kites"
+)
+
+
+class Machine:
+    """An emulated PC, and the way to ask it for its memory."""
+
+    def __init__(self, folder, options):
+        self.socket_path = os.path.join(folder, "qmp")
+        self.process = subprocess.Popen(
+            ["qemu-system-x86_64", "-accel", "tcg", "-machine", "pc", "-m", "64"]
+            + ["-display", "none", "-nodefaults"]
+            + ["-qmp", f"unix:{self.socket_path},server=on,wait=off"]
+            + options
+        )
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.wait()
+
+    def connect(self, deadline):
+        while True:
+            if self.process.poll() is not None:
+                raise SystemExit("FAILED: the emulated PC did not start")
+            try:
+                link = socket.socket(socket.AF_UNIX)
+                link.connect(self.socket_path)
+                break
+            except OSError:
+                if time.monotonic() > deadline:
+                    raise
+                time.sleep(0.05)
+        self.answers = link.makefile("r")
+        self.link = link
+        self.answers.readline()
+        self.ask("qmp_capabilities")
+
+    def ask(self, command, **arguments):
+        message = {"execute": command, "arguments": arguments}
+        self.link.sendall(json.dumps(message).encode())
+        while True:
+            answer = json.loads(self.answers.readline())
+            if "error" in answer:
+                raise SystemExit(f"FAILED: {command}: {answer}")
+            if "return" in answer:
+                return answer["return"]
+
+    def save_memory(self, path, size):
+        self.ask("pmemsave", val=0, size=size, filename=path)
+        with open(path, "rb") as file:
+            return file.read()
+
+
+def save_first_megabyte(options, path, folder):
+    deadline = time.monotonic() + PATIENCE
+    with Machine(folder, options) as machine:
+        machine.connect(deadline)
+        while b"_SM_" not in machine.save_memory(path, 0x100000)[0xF0000:]:
+            if time.monotonic() > deadline:
+                raise SystemExit("FAILED: the firmware wrote no entry point")
+            time.sleep(0.2)
+        # The anchor may be there before what it stands for: the machine has to come to rest.
+        before = None
+        while before != (before := machine.save_memory(path, 0x100000)[0xF0000:]):
+            time.sleep(0.5)
+
+
+def tool(*arguments):
+    result = subprocess.run([KESTREL, *arguments], capture_output=True, check=False)
+    if result.returncode != 0 or result.stderr:
+        raise SystemExit(f"FAILED: {arguments}: {result.returncode}, {result.stderr.decode()}")
+    return result.stdout.decode("utf-8")
+
+
+def expect(text, *pieces):
+    for piece in pieces:
+        if piece not in text:
+            raise SystemExit(f"FAILED: without {piece!r}:\n{text}")
+
+
+def main():
+    with tempfile.TemporaryDirectory() as folder:
+        image = os.path.join(folder, "memory")
+        save_first_megabyte(["-smbios", BIOS, "-smbios", SYSTEM], image, folder)
+        expect(
+            tool("report", "--image", image),
+            "BIOS Information (Type 0)\n\tVendor Name : Merlin Firmware\n\tBIOS Version : 4.2-K\n",
+            "\tBIOS Release Date : 03/14/2001\n",
+            "System Information (Type 1)\n\tManufacturer Name : Hobby Works\n"
+            "\tProduct Name : Kite 300\n\tVersion : rev C\n\tSerial Number : HW-0042\n"
+            "\tUUID : 33 22 11 0 55 44 77 66 88 99 AA BB CC DD EE FF\n"
+            "\tWake-up Type : Power Switch\n\n",
+            "End-of-Table (Type 127)\n\n",
+        )
+        expect(
+            tool("mif", "--image", image),
+            '\t\tValue = "Hobby Works"\r\n',
+            '\t\tValue = "Kite 300"\r\n',
+            '\t\tValue = "rev C"\r\n',
+            '\t\tValue = "HW-0042"\r\n',
+            '\t{0,"Merlin Firmware","4.2-K",64,59392,0,"","20010314000000.000000-300",1}\r\n',
+        )
+        expect(tool("list", "--image", image), "  BIOS Information\n", "  Memory Device\n")
+
+        save_first_megabyte([], image, folder)
+        expect(
+            tool("report", "--image", image),
+            "System Information (Type 1)\n\tManufacturer Name : QEMU\n",
+            "End-of-Table (Type 127)\n\n",
+        )
+
+
+main()

@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Checks that the sources are formatted, the linter is content, and the scripts are sound.
+# Arguments: the kind of check (format, tidy, shell) and, for tidy, the build folder.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+sources() {
+  find include src tools tests bench -name "$1" -print0
+}
+
+case $1 in
+  format) { sources '*.h'; sources '*.c'; sources '*.cpp'; } | xargs -0 clang-format --dry-run --Werror ;;
+  tidy) sources '*.cpp' | xargs -0 -n 1 -P "$(nproc)" clang-tidy -p "$2" --quiet ;;
+  shell) { printf '%s\0' run test .ci/run cmake/require-packages; sources '*.sh'; } | xargs -0 shellcheck ;;
+esac
