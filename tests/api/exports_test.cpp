@@ -1,41 +1,12 @@
-#include <cstdlib>
 #include <gmock/gmock.h>
 #include <memory>
-#include <new>
 #include <string>
 #include <vector>
 
 #include "firmware/table_firmware.h"
 #include "kestrel.h"
+#include "tests/support/scarce_memory.h"
 #include "tests/support/tables.h"
-
-namespace {
-
-// Allocations that still succeed; negative: all of them.
-long allocationsLeft = -1;
-
-void* Allocate(std::size_t size) {
-  if (allocationsLeft == 0) {
-    return nullptr;
-  }
-  if (allocationsLeft > 0) {
-    --allocationsLeft;
-  }
-  return std::malloc(size);
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  void* memory = Allocate(size);
-  if (memory == nullptr) {
-    throw std::bad_alloc();
-  }
-  return memory;
-}
-
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
 
 namespace kestrel {
 namespace {
