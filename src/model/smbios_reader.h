@@ -71,6 +71,8 @@ class SMBiosReader {
   // object to the list.
   void ReadType0(TableCursor& cursor);
   void ReadType1(TableCursor& cursor);
+  void ReadType2(TableCursor& cursor);
+  void ReadType3(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

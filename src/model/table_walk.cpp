@@ -20,6 +20,8 @@ struct DispatchRow {
 constexpr DispatchRow kDispatch[] = {
     {0, &SMBiosReader::ReadType0},
     {1, &SMBiosReader::ReadType1},
+    {2, &SMBiosReader::ReadType2},
+    {3, &SMBiosReader::ReadType3},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };

@@ -1,0 +1,59 @@
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+namespace {
+
+// Base Board Information: the system board. Layout: DMTF DSP0134, "Baseboard (or Module)
+// Information (Type 2) structure".
+class SMType2Obj final : public SMObj {
+ public:
+  SMType2Obj() {
+    SetType(2);
+    SetStringCount(4);
+  }
+
+  void SetManufacturer(std::uint8_t value) { Manufacturer = value; }
+  void SetProduct(std::uint8_t value) { Product = value; }
+  void SetVersion(std::uint8_t value) { Version = value; }
+  void SetSerialNumber(std::uint8_t value) { SerialNumber = value; }
+
+  std::string ToString() const override;
+
+ private:
+  std::uint8_t SerialNumber = 0;
+  std::uint8_t Version = 0;
+  std::uint8_t Product = 0;
+  std::uint8_t Manufacturer = 0;
+};
+
+std::string SMType2Obj::ToString() const {
+  TextBlock block("Base Board Information (Type 2)");
+  block.Item({"Manufacturer Name : ", GetString(Manufacturer)});
+  block.Item({"Product : ", GetString(Product)});
+  block.Item({"Version : ", GetString(Version)});
+  block.Item({"Serial Number : ", GetString(SerialNumber)});
+  return block.Close();
+}
+
+}  // namespace
+
+void SMBiosReader::ReadType2(TableCursor& cursor) {
+  auto object = std::make_unique<SMType2Obj>();
+  ReadHeader(*object, cursor);
+  object->SetManufacturer(cursor.U8());
+  object->SetProduct(cursor.U8());
+  object->SetVersion(cursor.U8());
+  object->SetSerialNumber(cursor.U8());
+  CollectStrings(*object, cursor);
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel
