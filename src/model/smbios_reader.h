@@ -73,6 +73,7 @@ class SMBiosReader {
   void ReadType1(TableCursor& cursor);
   void ReadType2(TableCursor& cursor);
   void ReadType3(TableCursor& cursor);
+  void ReadType4(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

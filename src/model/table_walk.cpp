@@ -22,6 +22,7 @@ constexpr DispatchRow kDispatch[] = {
     {1, &SMBiosReader::ReadType1},
     {2, &SMBiosReader::ReadType2},
     {3, &SMBiosReader::ReadType3},
+    {4, &SMBiosReader::ReadType4},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };
