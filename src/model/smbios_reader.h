@@ -74,6 +74,8 @@ class SMBiosReader {
   void ReadType2(TableCursor& cursor);
   void ReadType3(TableCursor& cursor);
   void ReadType4(TableCursor& cursor);
+  void ReadType5(TableCursor& cursor);
+  void ReadType6(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

@@ -23,6 +23,8 @@ constexpr DispatchRow kDispatch[] = {
     {2, &SMBiosReader::ReadType2},
     {3, &SMBiosReader::ReadType3},
     {4, &SMBiosReader::ReadType4},
+    {5, &SMBiosReader::ReadType5},
+    {6, &SMBiosReader::ReadType6},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };

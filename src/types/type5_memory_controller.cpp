@@ -1,0 +1,148 @@
+#include <bit>
+#include <cstddef>
+#include <iterator>
+#include <memory>
+#include <utility>
+
+#include "model/code_text.h"
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+#include "types/memory_module_texts.h"
+
+namespace kestrel {
+
+namespace {
+
+constexpr CodeText kErrorDetectingMethods[] = {
+    {1, "Other"},      {2, "Unknown"},    {3, "None"},        {4, "8-bit Parity"},
+    {5, "32-bit ECC"}, {6, "64-bit ECC"}, {7, "128-bit ECC"}, {8, "CRC"},
+};
+
+constexpr std::string_view kErrorCorrectingCapabilities[] = {
+    "Other",
+    "Unknown",
+    "None",
+    "Single Bit Error Correcting",
+    "Double Bit Error Correcting",
+    "Error Scrubbing",
+};
+
+constexpr CodeText kInterleaves[] = {
+    {1, "Other"},
+    {2, "Unknown"},
+    {3, "One Way Interleave"},
+    {4, "Two Way Interleave"},
+    {5, "Four Way Interleave"},
+    {6, "Eight Way Interleave"},
+    {7, "Sixteen Way Interleave"},
+};
+
+// Each brings its own blank: the label ends in none.
+constexpr std::string_view kSpeeds[] = {" Other", " Unknown", " 70ns", " 60ns", " 50ns"};
+
+constexpr std::string_view kVoltages[] = {"5V", "3.3V", "2.9V"};
+
+// Memory Controller Information: how a controller detects and corrects errors, which modules it
+// takes, and the handles of the structures of its slots. Layout: DMTF DSP0134, "Memory Controller
+// Information (Type 5, Obsolete) structure".
+class SMType5Obj final : public SMObj {
+ public:
+  SMType5Obj() { SetType(5); }
+
+  void SetErrorDetectingMethod(std::uint8_t value) { ErrorDetectingMethod = value; }
+  void SetErrorCorrectingCapability(std::uint8_t value) { ErrorCorrectingCapability = value; }
+  void SetSupportedInterleave(std::uint8_t value) { SupportedInterleave = value; }
+  void SetCurrentInterleave(std::uint8_t value) { CurrentInterleave = value; }
+  void SetMaximumMemoryModuleSize(std::uint8_t value) { MaximumMemoryModuleSize = value; }
+  void SetSupportedSpeeds(std::uint16_t value) { SupportedSpeeds = value; }
+  void SetSupportedMemoryTypes(std::uint16_t value) { SupportedMemoryTypes = value; }
+  void SetMemoryModuleVoltage(std::uint8_t value) { MemoryModuleVoltage = value; }
+  void SetNumberOfAssociatedSlots(std::uint8_t value) { NumberOfAssociatedSlots = value; }
+  std::uint8_t GetNumberOfAssociatedSlots() const { return NumberOfAssociatedSlots; }
+  void SetMemoryModuleHandles(std::vector<std::uint16_t> value) {
+    MemoryModuleHandles = std::move(value);
+  }
+  void SetEnabledErrorCorrectingCapabilities(std::uint8_t value) {
+    EnabledErrorCorrectingCapabilities = value;
+  }
+
+  std::string ToString() const override;
+
+ private:
+  std::string_view GetVoltageText() const;
+  std::string GetHandlesText() const;
+
+  // Nothing shows it.
+  std::uint8_t EnabledErrorCorrectingCapabilities = 0;
+  std::vector<std::uint16_t> MemoryModuleHandles;
+  std::uint8_t NumberOfAssociatedSlots = 0;
+  std::uint8_t MemoryModuleVoltage = 0;
+  std::uint16_t SupportedMemoryTypes = 0;
+  std::uint16_t SupportedSpeeds = 0;
+  // As an exponent.
+  std::uint8_t MaximumMemoryModuleSize = 0;
+  std::uint8_t CurrentInterleave = 0;
+  std::uint8_t SupportedInterleave = 0;
+  std::uint8_t ErrorCorrectingCapability = 0;
+  std::uint8_t ErrorDetectingMethod = 0;
+};
+
+// Of several voltages only the first is shown: intended.
+std::string_view SMType5Obj::GetVoltageText() const {
+  const auto bit = static_cast<std::size_t>(std::countr_zero(MemoryModuleVoltage));
+  return bit < std::size(kVoltages) ? kVoltages[bit] : kUnknown;
+}
+
+std::string SMType5Obj::GetHandlesText() const {
+  std::string text;
+  for (const std::uint16_t handle : MemoryModuleHandles) {
+    // At least two digits, though a handle has four: intended.
+    Append(text, {" ", Hex(handle, 2), "h"});
+  }
+  return text;
+}
+
+std::string SMType5Obj::ToString() const {
+  TextBlock block("Memory Controller Information (Type 5)");
+  block.Item({"Error Detecting Method : ",
+              TextOfCode(kErrorDetectingMethods, ErrorDetectingMethod, kUnknown)});
+  // Nothing between two capabilities: intended.
+  block.Item({"Error Correcting Capability : ",
+              TextOfBits(kErrorCorrectingCapabilities, ErrorCorrectingCapability, "")});
+  block.Item({"Support Interleave : ", TextOfCode(kInterleaves, SupportedInterleave, kUnknown)});
+  block.Item({"Current Interleave : ", TextOfCode(kInterleaves, CurrentInterleave, kUnknown)});
+  block.Item({"Max Memory Size : ", Decimal(MegabytesOfExponent(MaximumMemoryModuleSize)), " MB"});
+  block.Item({"Support Speeds :", TextOfBits(kSpeeds, SupportedSpeeds, "")});
+  block.Item({"Support Memory Types : ",
+              TextOfBits(kMemoryTypes, SupportedMemoryTypes, kMemoryTypeSeparator)});
+  block.Item({"Memory Module Voltage : ", GetVoltageText()});
+  block.Item({"Number of Associated Memory Slots : ", Decimal(NumberOfAssociatedSlots)});
+  block.Item({"Memory Module Configuration Handles :", GetHandlesText()});
+  return block.Close();
+}
+
+}  // namespace
+
+void SMBiosReader::ReadType5(TableCursor& cursor) {
+  auto object = std::make_unique<SMType5Obj>();
+  ReadHeader(*object, cursor);
+  object->SetErrorDetectingMethod(cursor.U8());
+  object->SetErrorCorrectingCapability(cursor.U8());
+  object->SetSupportedInterleave(cursor.U8());
+  object->SetCurrentInterleave(cursor.U8());
+  object->SetMaximumMemoryModuleSize(cursor.U8());
+  object->SetSupportedSpeeds(cursor.U16());
+  object->SetSupportedMemoryTypes(cursor.U16());
+  object->SetMemoryModuleVoltage(cursor.U8());
+  object->SetNumberOfAssociatedSlots(cursor.U8());
+  std::vector<std::uint16_t> handles(object->GetNumberOfAssociatedSlots());
+  for (std::uint16_t& handle : handles) {
+    handle = cursor.U16();
+  }
+  object->SetMemoryModuleHandles(std::move(handles));
+  object->SetEnabledErrorCorrectingCapabilities(cursor.U8());
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel

@@ -1,0 +1,80 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/tables.h"
+
+namespace kestrel {
+namespace {
+
+const Bytes kController = Structure(
+    5, {8, 0xFF, 3, 7, 15, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 2, 0x06, 0x00, 0x06, 0x01, 0x3F});
+
+TEST(Type5Test, RendersItsBlock) {
+  ExpectReports({
+      {"everything set", kController,
+       "Memory Controller Information (Type 5)\r\n\tError Detecting Method : CRC\r\n"
+       "\tError Correcting Capability : OtherUnknownNoneSingle Bit Error Correcting"
+       "Double Bit Error CorrectingError Scrubbing\r\n\tSupport Interleave : One Way Interleave\r\n"
+       "\tCurrent Interleave : Sixteen Way Interleave\r\n"
+       "\tMax Memory Size : 32768 MB\r\n\tSupport Speeds : Other Unknown 70ns 60ns 50ns\r\n"
+       "\tSupport Memory Types : Other,Unknown,Standard,Fast Page Mode,EDO,Parity,ECC,SIMM,DIMM,"
+       "Burst EDO,SDRAM\r\n"
+       "\tMemory Module Voltage : 5V\r\n\tNumber of Associated Memory Slots : 2\r\n"
+       "\tMemory Module Configuration Handles : 06h 106h\r\n\r\n"},
+      {"zeros, cut by the end of the table within the first of three handles",
+       Join({{5, 0x16, 0, 0}, Bytes(10), {3, 0xB4}}),
+       "Memory Controller Information (Type 5)\r\n\tError Detecting Method : Unknown\r\n"
+       "\tError Correcting Capability : \r\n\tSupport Interleave : Unknown\r\n"
+       "\tCurrent Interleave : Unknown\r\n\tMax Memory Size : 1 MB\r\n"
+       "\tSupport Speeds :\r\n\tSupport Memory Types : \r\n"
+       "\tMemory Module Voltage : Unknown\r\n\tNumber of Associated Memory Slots : 3\r\n"
+       "\tMemory Module Configuration Handles : B4h 00h 00h\r\n\r\n"},
+  });
+  ExpectLines(kController,
+              {
+                  {0x04, {1}, "Error Detecting Method : Other"},
+                  {0x04, {9}, "Error Detecting Method : Unknown"},
+                  {0x06, {1, 8}, "Support Interleave : Other\r\n\tCurrent Interleave : Unknown"},
+                  {0x08, {16}, "Max Memory Size : 0 MB"},
+                  {0x08, {32}, "Max Memory Size : 0 MB"},
+                  {0x0D, {0x06}, "Memory Module Voltage : 3.3V"},
+                  {0x0D, {0xFC}, "Memory Module Voltage : 2.9V"},
+                  {0x0D, {0xF8}, "Memory Module Voltage : Unknown"},
+                  {0x0E, {0}, "Memory Module Configuration Handles :"},
+                  // The third reaches out of the formatted area.
+                  {0x0E, {3}, "Memory Module Configuration Handles : 06h 106h 3Fh"},
+              });
+}
+
+const Bytes kModule = Structure(6, {1, 0xDE, 60, 0x01, 0x04, 0x05, 0x84, 3}, {"SIMM 0"});
+
+TEST(Type6Test, RendersItsBlock) {
+  ExpectReports({
+      {"everything set", kModule,
+       "Memory Module Information (Type 6)\r\n\tSocket Designation : SIMM 0\r\n"
+       "\tBank Connections : RAS13 RAS14\r\n\tCurrent Speed : 60 ns\r\n"
+       "\tCurrent Memory Type : Other,SDRAM\r\n\tInstalled Size : 32 MB\r\n"
+       "\tEnable Size : 16 MB\r\n\tBank Connection : Single Bank\r\n"
+       "\tError Status : Uncorrectable errors and Correctable errors\r\n\r\n"},
+      {"Length 06h: the string, which ends the table, is taken for the speed as well",
+       {6, 6, 0, 0, 1, 0, 'A'},
+       "Memory Module Information (Type 6)\r\n\tSocket Designation : A\r\n"
+       "\tBank Connections : RAS0\r\n\tCurrent Speed : 65 ns\r\n\tCurrent Memory Type : \r\n"
+       "\tInstalled Size : 1 MB\r\n\tEnable Size : 1 MB\r\n\tBank Connection : Single Bank\r\n"
+       "\tError Status : \r\n\r\n"},
+  });
+  ExpectLines(
+      kModule,
+      {
+          {0x04, {2, 0x3F}, "Socket Designation : \r\n\tBank Connections : RAS3"},
+          {0x05, {0xF3, 0}, "Bank Connections : RAS3\r\n\tCurrent Speed : 0 ns"},
+          {0x05, {0xFF}, "Bank Connections :"},
+          {0x09, {0x7F, 0x7C}, "Installed Size : Not Installed\r\n\tEnable Size : 0 MB"},
+          {0x09, {0xFE}, "Installed Size : Module is installed, but no memory has been enabled"},
+          {0x09, {0x85, 0xFD}, "Enable Size : Not determinable\r\n\tBank Connection : Double Bank"},
+          {0x0B, {2}, "Error Status : Correctable errors"},
+          {0x0B, {0xFC}, "Error Status : "},
+      });
+}
+
+}  // namespace
+}  // namespace kestrel
