@@ -76,6 +76,7 @@ class SMBiosReader {
   void ReadType4(TableCursor& cursor);
   void ReadType5(TableCursor& cursor);
   void ReadType6(TableCursor& cursor);
+  void ReadType7(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

@@ -25,6 +25,7 @@ constexpr DispatchRow kDispatch[] = {
     {4, &SMBiosReader::ReadType4},
     {5, &SMBiosReader::ReadType5},
     {6, &SMBiosReader::ReadType6},
+    {7, &SMBiosReader::ReadType7},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };

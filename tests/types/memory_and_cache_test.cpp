@@ -76,5 +76,59 @@ TEST(Type6Test, RendersItsBlock) {
       });
 }
 
+const Bytes kCache = Structure(
+    7, {1, 0xFF, 0xFF, 0x10, 0x80, 0x00, 0x02, 0x7F, 0x00, 0x24, 0xFF, 15, 6, 5, 8}, {"L2"});
+
+TEST(Type7Test, RendersItsBlock) {
+  ExpectReports({
+      {"everything set", kCache,
+       "Cache Information (Type 7)\r\n\tSocket Designation : L2\r\n"
+       "\tOperational Mode : Unknown\r\n\tCache Memory : Enabled\r\n"
+       "\tLocation, relative to the CPU module : Unknown\r\n\tCache Socketed : Socketed\r\n"
+       "\tCache Level : 8\r\n\tMaximum Granularity : 64 K\r\n\tMaximum Cache Size : 1024 KB\r\n"
+       "\tInstalled Granularity : 1 K\r\n\tInstalled Size : 512 KB\r\n"
+       "\tSupported SRAM Type : Other Unknown Non-Burst Burst Pipeline Burst Synchronous "
+       "Asynchronous\r\n\tCurrent SRAM Type : Non-Burst Synchronous\r\n"
+       "\tCache Speed : 15 ns\r\n\tError Correction Type : Multi-bit ECC\r\n"
+       "\tSystem Cache Type : Unified\r\n\tAssociativity : 16-way Set-Associative\r\n\r\n"},
+      {"zeros behind the end of the table",
+       {7, 0x13, 0},
+       "Cache Information (Type 7)\r\n\tSocket Designation : \r\n"
+       "\tOperational Mode : Write Through\r\n\tCache Memory : Disabled\r\n"
+       "\tLocation, relative to the CPU module : Internal\r\n\tCache Socketed : Not Socketed\r\n"
+       "\tCache Level : 1\r\n\tMaximum Granularity : 1 K\r\n\tMaximum Cache Size : 0 KB\r\n"
+       "\tInstalled Granularity : 1 K\r\n\tInstalled Size : 0 KB\r\n\tSupported SRAM Type :\r\n"
+       "\tCurrent SRAM Type :\r\n\tCache Speed : Unknown\r\n\tError Correction Type : \r\n"
+       "\tSystem Cache Type : \r\n\tAssociativity : \r\n\r\n"},
+  });
+  ExpectLines(
+      kCache,
+      {
+          // The older layout: the string set begins with the fields that it lacks.
+          {0x01, {0x0F}, "Socket Designation : \x0F\x06\x05\bL2"},
+          {0x05, {0x20}, "Location, relative to the CPU module : External"},
+          {0x05, {0x40}, "Location, relative to the CPU module : Reserved"},
+          {0x05, {0x80}, "Cache Memory : Enabled"},
+          {0x05, {0x7F, 0xFD}, "Operational Mode : Write Back\r\n\tCache Memory : Disabled"},
+          {0x05, {0xF7}, "Cache Socketed : Not Socketed\r\n\tCache Level : 8"},
+          {0x06, {0xFE}, "Operational Mode : Varies with Memory Address"},
+          {0x09, {0xFF, 0xFF}, "Installed Granularity : 64 K\r\n\tInstalled Size : 2097088 KB"},
+          {0x10, {1, 1}, "Error Correction Type : Other\r\n\tSystem Cache Type : Other"},
+          {0x10, {7, 6}, "Error Correction Type : \r\n\tSystem Cache Type : "},
+          {0x12, {1}, "Associativity : Other"},
+          {0x12, {9}, "Associativity : "},
+      });
+}
+
+TEST(Type7Test, GivesItsRow) {
+  ExpectMifRows(kCache, {
+                            {0x05, {0xF8, 0xFC, 0, 0, 0x10, 0x80}, "{1,3,15,1024,4,6,0,0,5}"},
+                            {0x05, {0x81, 0x01}, "{1,4,15,512,3,6,0,0,5}"},
+                            {0x06, {0xFE}, "{1,10,15,512,1,6,0,0,5}"},
+                        });
+  EXPECT_EQ(MifRowsOf(Join({kCache, kModule, kCache}), 7),
+            "\t{1,10,15,512,2,6,0,0,5}\r\n\t{2,10,15,512,2,6,0,0,5}\r\n");
+}
+
 }  // namespace
 }  // namespace kestrel
