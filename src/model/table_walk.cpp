@@ -26,6 +26,8 @@ constexpr DispatchRow kDispatch[] = {
     {5, &SMBiosReader::ReadType5},
     {6, &SMBiosReader::ReadType6},
     {7, &SMBiosReader::ReadType7},
+    {18, &SMBiosReader::ReadType18},
+    {33, &SMBiosReader::ReadType33},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };

@@ -1,0 +1,53 @@
+#include <memory>
+#include <utility>
+
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+#include "types/memory_error.h"
+
+namespace kestrel {
+
+namespace {
+
+// 32-bit Memory Error Information: the last memory error, at 32-bit addresses. Layout: DMTF
+// DSP0134, "32-Bit Memory Error Information (Type 18) structure".
+class SMType18Obj final : public SMMemoryErrorObj {
+ public:
+  SMType18Obj() { SetType(18); }
+
+  void SetMemoryArrayErrorAddress(std::uint32_t value) { MemoryArrayErrorAddress = value; }
+  void SetDeviceErrorAddress(std::uint32_t value) { DeviceErrorAddress = value; }
+  void SetErrorResolution(std::uint32_t value) { ErrorResolution = value; }
+
+  std::string ToString() const override;
+
+ private:
+  std::uint32_t ErrorResolution = 0;
+  std::uint32_t DeviceErrorAddress = 0;
+  std::uint32_t MemoryArrayErrorAddress = 0;
+};
+
+std::string SMType18Obj::ToString() const {
+  TextBlock block("32-bit Memory Error Information (Type 18)");
+  AddCommonItems(block);
+  // Digits alone, also for what the firmware can not tell: intended.
+  block.Item({"Memory Array Error Address : ", Hex(MemoryArrayErrorAddress, 8)});
+  block.Item({"Device Error Address : ", Hex(DeviceErrorAddress, 8)});
+  block.Item({"Error Resolution : ", Hex(ErrorResolution, 8)});
+  return block.Close();
+}
+
+}  // namespace
+
+void SMBiosReader::ReadType18(TableCursor& cursor) {
+  auto object = std::make_unique<SMType18Obj>();
+  ReadHeader(*object, cursor);
+  ReadMemoryErrorFields(*object, cursor);
+  object->SetMemoryArrayErrorAddress(cursor.U32());
+  object->SetDeviceErrorAddress(cursor.U32());
+  object->SetErrorResolution(cursor.U32());
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel
