@@ -77,7 +77,11 @@ class SMBiosReader {
   void ReadType5(TableCursor& cursor);
   void ReadType6(TableCursor& cursor);
   void ReadType7(TableCursor& cursor);
+  void ReadType16(TableCursor& cursor);
+  void ReadType17(TableCursor& cursor);
   void ReadType18(TableCursor& cursor);
+  void ReadType19(TableCursor& cursor);
+  void ReadType20(TableCursor& cursor);
   void ReadType33(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
