@@ -83,6 +83,7 @@ class SMBiosReader {
   void ReadType19(TableCursor& cursor);
   void ReadType20(TableCursor& cursor);
   void ReadType33(TableCursor& cursor);
+  void ReadType8(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

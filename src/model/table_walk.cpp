@@ -32,6 +32,7 @@ constexpr DispatchRow kDispatch[] = {
     {19, &SMBiosReader::ReadType19},
     {20, &SMBiosReader::ReadType20},
     {33, &SMBiosReader::ReadType33},
+    {8, &SMBiosReader::ReadType8},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };
