@@ -84,6 +84,7 @@ class SMBiosReader {
   void ReadType20(TableCursor& cursor);
   void ReadType33(TableCursor& cursor);
   void ReadType8(TableCursor& cursor);
+  void ReadType9(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

@@ -33,6 +33,7 @@ constexpr DispatchRow kDispatch[] = {
     {20, &SMBiosReader::ReadType20},
     {33, &SMBiosReader::ReadType33},
     {8, &SMBiosReader::ReadType8},
+    {9, &SMBiosReader::ReadType9},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };
