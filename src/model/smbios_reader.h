@@ -85,6 +85,11 @@ class SMBiosReader {
   void ReadType33(TableCursor& cursor);
   void ReadType8(TableCursor& cursor);
   void ReadType9(TableCursor& cursor);
+  void ReadType10(TableCursor& cursor);
+  void ReadType11(TableCursor& cursor);
+  void ReadType12(TableCursor& cursor);
+  void ReadType13(TableCursor& cursor);
+  void ReadType14(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

@@ -34,6 +34,11 @@ constexpr DispatchRow kDispatch[] = {
     {33, &SMBiosReader::ReadType33},
     {8, &SMBiosReader::ReadType8},
     {9, &SMBiosReader::ReadType9},
+    {10, &SMBiosReader::ReadType10},
+    {11, &SMBiosReader::ReadType11},
+    {12, &SMBiosReader::ReadType12},
+    {13, &SMBiosReader::ReadType13},
+    {14, &SMBiosReader::ReadType14},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };

@@ -76,7 +76,7 @@ std::vector<SampleStructure> MainBoardStructures() {
       {12, 0x0C00, {2}, {"JP1 1-2: normal start", "JP1 2-3: clear the settings"}},
       // BIOS Language Information: two languages, the first in use.
       {13, 0x0D00,
-       {2, 0x01,
+       {2, 0x00,
         0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
         1},
        {"en|US|iso8859-1", "de|DE|iso8859-1"}},

@@ -1,0 +1,84 @@
+#include <cstddef>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "model/code_text.h"
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+namespace {
+
+constexpr CodeText kDeviceTypes[] = {
+    {1, "Other"},    {2, "Unknown"},    {3, "Video"}, {4, "SCSI Controller"},
+    {5, "Ethernet"}, {6, "Token Ring"}, {7, "Sound"},
+};
+
+constexpr unsigned kEnabledBit = 0x80;
+
+struct Device {
+  // The type in the low bits, whether the device is enabled in the high one.
+  std::uint8_t Type;
+  // A string number.
+  std::uint8_t Description;
+};
+
+// On Board Devices Information: what is soldered to the main board. Layout: DMTF DSP0134, "On Board
+// Devices Information (Type 10, Obsolete) structure".
+class SMType10Obj final : public SMObj {
+ public:
+  SMType10Obj() { SetType(10); }
+
+  void SetDevices(std::vector<Device> devices) { Devices = std::move(devices); }
+
+  std::string ToString() const override;
+
+ private:
+  std::string GetDeviceText(const Device& device) const;
+
+  std::vector<Device> Devices;
+};
+
+std::string SMType10Obj::GetDeviceText(const Device& device) const {
+  std::string text(TextOfCode(kDeviceTypes, device.Type & ~kEnabledBit, kNothing));
+  Append(text, {(device.Type & kEnabledBit) != 0 ? ";Enabled" : ";Disabled", ";",
+                GetString(device.Description)});
+  return text;
+}
+
+std::string SMType10Obj::ToString() const {
+  TextBlock block("On Board Devices Information (Type 10)");
+  for (std::size_t index = 0; index < Devices.size(); ++index) {
+    block.Item({Decimal(index), ") ", GetDeviceText(Devices[index])});
+  }
+  return block.Close();
+}
+
+// A Length byte that does not even cover the header leaves no room for a device.
+std::uint8_t CountDevices(std::uint8_t length) {
+  constexpr std::uint8_t kHeaderSize = 4;
+  return length < kHeaderSize ? std::uint8_t{0}
+                              : static_cast<std::uint8_t>((length - kHeaderSize) / 2);
+}
+
+}  // namespace
+
+void SMBiosReader::ReadType10(TableCursor& cursor) {
+  auto object = std::make_unique<SMType10Obj>();
+  ReadHeader(*object, cursor);
+  const std::uint8_t deviceCount = CountDevices(object->GetLength());
+  object->SetStringCount(deviceCount);
+  std::vector<Device> devices(deviceCount);
+  for (Device& device : devices) {
+    device.Type = cursor.U8();
+    device.Description = cursor.U8();
+  }
+  object->SetDevices(std::move(devices));
+  CollectStrings(*object, cursor);
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel

@@ -1,0 +1,81 @@
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <utility>
+
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+namespace {
+
+// BIOS Language Information: the languages that the BIOS can speak. Layout: DMTF DSP0134, "BIOS
+// Language Information (Type 13) structure".
+class SMType13Obj final : public SMObj {
+ public:
+  static constexpr std::size_t kReservedSize = 15;
+
+  SMType13Obj() { SetType(13); }
+
+  void SetInstallableLanguages(std::uint8_t value) { InstallableLanguages = value; }
+  void SetFlags(std::uint8_t value) { Flags = value; }
+  void SetReserved(const std::array<std::uint8_t, kReservedSize>& value) { Reserved = value; }
+  void SetCurrentLanguage(std::uint8_t value) { CurrentLanguage = value; }
+
+  std::uint8_t GetInstallableLanguages() const { return InstallableLanguages; }
+
+  std::string ToString() const override;
+
+ private:
+  std::string GetCurrentLanguageText() const;
+  // Several lines, each with its line end.
+  std::string GetLanguagesText() const;
+
+  std::uint8_t CurrentLanguage = 0;
+  // Held, like the flags, and shown nowhere.
+  std::array<std::uint8_t, kReservedSize> Reserved{};
+  std::uint8_t Flags = 0;
+  std::uint8_t InstallableLanguages = 0;
+};
+
+std::string SMType13Obj::GetCurrentLanguageText() const {
+  return std::string("Current Language : ").append(GetString(CurrentLanguage));
+}
+
+std::string SMType13Obj::GetLanguagesText() const {
+  std::string text;
+  Append(text, {"Installable Languages : ", Decimal(InstallableLanguages), "\r\n"});
+  unsigned number = 0;
+  for (const std::string& language : GetStrings()) {
+    Append(text, {"\t\t", Decimal(number++), ") ", language, "\r\n"});
+  }
+  return text;
+}
+
+std::string SMType13Obj::ToString() const {
+  TextBlock block("BIOS Language Information (Type 13)");
+  block.Item({GetCurrentLanguageText()});
+  block.Item({GetLanguagesText()});
+  // The languages end their lines themselves, so the last item's line end is the empty line.
+  return block.CloseWithoutEmptyLine();
+}
+
+}  // namespace
+
+void SMBiosReader::ReadType13(TableCursor& cursor) {
+  auto object = std::make_unique<SMType13Obj>();
+  ReadHeader(*object, cursor);
+  object->SetInstallableLanguages(cursor.U8());
+  object->SetFlags(cursor.U8());
+  std::array<std::uint8_t, SMType13Obj::kReservedSize> reserved{};
+  cursor.Bytes(reserved);
+  object->SetReserved(reserved);
+  object->SetCurrentLanguage(cursor.U8());
+  object->SetStringCount(object->GetInstallableLanguages());
+  CollectStrings(*object, cursor);
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel

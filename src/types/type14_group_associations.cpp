@@ -1,0 +1,70 @@
+#include <memory>
+#include <utility>
+
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+namespace {
+
+// Group Associations: structures that belong together, of which the first is kept. Layout: DMTF
+// DSP0134, "Group Associations (Type 14) structure".
+class SMType14Obj final : public SMObj {
+ public:
+  SMType14Obj() {
+    SetType(14);
+    SetStringCount(1);
+  }
+
+  void SetGroupName(std::uint8_t value) { GroupName = value; }
+  void SetItemType(std::uint8_t value) { ItemType = value; }
+  void SetItemHandle(std::uint16_t value) { ItemHandle = value; }
+
+  std::string ToString() const override;
+
+ private:
+  std::string GetGroupNameText() const;
+  std::string GetItemTypeText() const;
+  std::string GetItemHandleText() const;
+
+  std::uint16_t ItemHandle = 0;
+  std::uint8_t ItemType = 0;
+  std::uint8_t GroupName = 0;
+};
+
+std::string SMType14Obj::GetGroupNameText() const {
+  return std::string("Group Name : ").append(GetString(GroupName));
+}
+
+std::string SMType14Obj::GetItemTypeText() const {
+  return std::string("Item Type : ").append(Decimal(ItemType));
+}
+
+std::string SMType14Obj::GetItemHandleText() const {
+  // Decimal, unlike other handles: intended.
+  return std::string("Item Handle : ").append(Decimal(ItemHandle));
+}
+
+std::string SMType14Obj::ToString() const {
+  TextBlock block("Group Associations (Type 14)");
+  block.Item({GetGroupNameText()});
+  block.Item({GetItemTypeText()});
+  block.Item({GetItemHandleText()});
+  return block.Close();
+}
+
+}  // namespace
+
+void SMBiosReader::ReadType14(TableCursor& cursor) {
+  auto object = std::make_unique<SMType14Obj>();
+  ReadHeader(*object, cursor);
+  object->SetGroupName(cursor.U8());
+  object->SetItemType(cursor.U8());
+  object->SetItemHandle(cursor.U16());
+  CollectStrings(*object, cursor);
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel
