@@ -90,6 +90,7 @@ class SMBiosReader {
   void ReadType12(TableCursor& cursor);
   void ReadType13(TableCursor& cursor);
   void ReadType14(TableCursor& cursor);
+  void ReadType15(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

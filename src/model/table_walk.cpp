@@ -39,6 +39,7 @@ constexpr DispatchRow kDispatch[] = {
     {12, &SMBiosReader::ReadType12},
     {13, &SMBiosReader::ReadType13},
     {14, &SMBiosReader::ReadType14},
+    {15, &SMBiosReader::ReadType15},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };
