@@ -91,6 +91,10 @@ class SMBiosReader {
   void ReadType13(TableCursor& cursor);
   void ReadType14(TableCursor& cursor);
   void ReadType15(TableCursor& cursor);
+  void ReadType26(TableCursor& cursor);
+  void ReadType27(TableCursor& cursor);
+  void ReadType28(TableCursor& cursor);
+  void ReadType29(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

@@ -40,6 +40,10 @@ constexpr DispatchRow kDispatch[] = {
     {13, &SMBiosReader::ReadType13},
     {14, &SMBiosReader::ReadType14},
     {15, &SMBiosReader::ReadType15},
+    {26, &SMBiosReader::ReadType26},
+    {27, &SMBiosReader::ReadType27},
+    {28, &SMBiosReader::ReadType28},
+    {29, &SMBiosReader::ReadType29},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };

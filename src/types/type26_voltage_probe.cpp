@@ -1,0 +1,32 @@
+#include <memory>
+#include <utility>
+
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "types/probe.h"
+
+namespace kestrel {
+
+namespace {
+
+// The resolution is in tenths of a millivolt; the plain unit is intended.
+constexpr ProbeTexts kTexts = {"Voltage Probe (Type 26)", "mV", "mV"};
+
+// Voltage Probe: a sensor that watches a voltage. Layout: DMTF DSP0134, "Voltage Probe (Type 26)
+// structure".
+class SMType26Obj final : public SMProbeObj {
+ public:
+  SMType26Obj() : SMProbeObj(26, kTexts) {}
+};
+
+}  // namespace
+
+void SMBiosReader::ReadType26(TableCursor& cursor) {
+  auto object = std::make_unique<SMType26Obj>();
+  ReadHeader(*object, cursor);
+  ReadProbeFields(*object, cursor);
+  CollectStrings(*object, cursor);
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel

@@ -1,0 +1,32 @@
+#include <memory>
+#include <utility>
+
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "types/probe.h"
+
+namespace kestrel {
+
+namespace {
+
+// Units that begin with digits run into the number: intended.
+constexpr ProbeTexts kTexts = {"Temperature Probe (Type 28)", "1/10C", "1/1000C"};
+
+// Temperature Probe: a sensor that watches a temperature. Layout: DMTF DSP0134, "Temperature Probe
+// (Type 28) structure".
+class SMType28Obj final : public SMProbeObj {
+ public:
+  SMType28Obj() : SMProbeObj(28, kTexts) {}
+};
+
+}  // namespace
+
+void SMBiosReader::ReadType28(TableCursor& cursor) {
+  auto object = std::make_unique<SMType28Obj>();
+  ReadHeader(*object, cursor);
+  ReadProbeFields(*object, cursor);
+  CollectStrings(*object, cursor);
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel

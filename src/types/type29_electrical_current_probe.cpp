@@ -1,0 +1,32 @@
+#include <memory>
+#include <utility>
+
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "types/probe.h"
+
+namespace kestrel {
+
+namespace {
+
+// A unit that begins with digits runs into the number: intended.
+constexpr ProbeTexts kTexts = {"Electrical Current Probe (Type 29)", "mA", "1/10mA"};
+
+// Electrical Current Probe: a sensor that watches a current. Layout: DMTF DSP0134, "Electrical
+// Current Probe (Type 29) structure".
+class SMType29Obj final : public SMProbeObj {
+ public:
+  SMType29Obj() : SMProbeObj(29, kTexts) {}
+};
+
+}  // namespace
+
+void SMBiosReader::ReadType29(TableCursor& cursor) {
+  auto object = std::make_unique<SMType29Obj>();
+  ReadHeader(*object, cursor);
+  ReadProbeFields(*object, cursor);
+  CollectStrings(*object, cursor);
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel
