@@ -95,6 +95,9 @@ class SMBiosReader {
   void ReadType27(TableCursor& cursor);
   void ReadType28(TableCursor& cursor);
   void ReadType29(TableCursor& cursor);
+  void ReadType34(TableCursor& cursor);
+  void ReadType35(TableCursor& cursor);
+  void ReadType36(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

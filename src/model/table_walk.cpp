@@ -44,6 +44,9 @@ constexpr DispatchRow kDispatch[] = {
     {27, &SMBiosReader::ReadType27},
     {28, &SMBiosReader::ReadType28},
     {29, &SMBiosReader::ReadType29},
+    {34, &SMBiosReader::ReadType34},
+    {35, &SMBiosReader::ReadType35},
+    {36, &SMBiosReader::ReadType36},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };

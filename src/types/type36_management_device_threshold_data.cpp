@@ -1,0 +1,65 @@
+#include <memory>
+#include <utility>
+
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+namespace {
+
+// Management Device Threshold Data: the readings at which a component of a management device gets
+// into trouble. Layout: DMTF DSP0134, "Management Device Threshold Data (Type 36) structure".
+class SMType36Obj final : public SMObj {
+ public:
+  SMType36Obj() { SetType(36); }
+
+  void SetLowerThresholdNonCritical(std::uint16_t value) { LowerThresholdNonCritical = value; }
+  void SetUpperThresholdNonCritical(std::uint16_t value) { UpperThresholdNonCritical = value; }
+  void SetLowerThresholdCritical(std::uint16_t value) { LowerThresholdCritical = value; }
+  void SetUpperThresholdCritical(std::uint16_t value) { UpperThresholdCritical = value; }
+  void SetLowerThresholdNonRecoverable(std::uint16_t value) {
+    LowerThresholdNonRecoverable = value;
+  }
+  void SetUpperThresholdNonRecoverable(std::uint16_t value) {
+    UpperThresholdNonRecoverable = value;
+  }
+
+  std::string ToString() const override;
+
+ private:
+  std::uint16_t UpperThresholdNonRecoverable = 0;
+  std::uint16_t LowerThresholdNonRecoverable = 0;
+  std::uint16_t UpperThresholdCritical = 0;
+  std::uint16_t LowerThresholdCritical = 0;
+  std::uint16_t UpperThresholdNonCritical = 0;
+  std::uint16_t LowerThresholdNonCritical = 0;
+};
+
+std::string SMType36Obj::ToString() const {
+  TextBlock block("Management Device Threshold Data (Type 36)");
+  block.Item({"Lower Threshold-Non-Critical : ", Hex(LowerThresholdNonCritical, 4), "h"});
+  block.Item({"Upper Threshold-Non-Critical : ", Hex(UpperThresholdNonCritical, 4), "h"});
+  block.Item({"Lower Threshold-Critical : ", Hex(LowerThresholdCritical, 4), "h"});
+  block.Item({"Upper Threshold-Critical : ", Hex(UpperThresholdCritical, 4), "h"});
+  block.Item({"Lower Threshold-Non-recoverable : ", Hex(LowerThresholdNonRecoverable, 4), "h"});
+  block.Item({"Upper Threshold-Non-recoverable : ", Hex(UpperThresholdNonRecoverable, 4), "h"});
+  return block.Close();
+}
+
+}  // namespace
+
+void SMBiosReader::ReadType36(TableCursor& cursor) {
+  auto object = std::make_unique<SMType36Obj>();
+  ReadHeader(*object, cursor);
+  object->SetLowerThresholdNonCritical(cursor.U16());
+  object->SetUpperThresholdNonCritical(cursor.U16());
+  object->SetLowerThresholdCritical(cursor.U16());
+  object->SetUpperThresholdCritical(cursor.U16());
+  object->SetLowerThresholdNonRecoverable(cursor.U16());
+  object->SetUpperThresholdNonRecoverable(cursor.U16());
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel
