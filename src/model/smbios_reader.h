@@ -98,6 +98,8 @@ class SMBiosReader {
   void ReadType34(TableCursor& cursor);
   void ReadType35(TableCursor& cursor);
   void ReadType36(TableCursor& cursor);
+  void ReadType37(TableCursor& cursor);
+  void ReadType38(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

@@ -47,6 +47,8 @@ constexpr DispatchRow kDispatch[] = {
     {34, &SMBiosReader::ReadType34},
     {35, &SMBiosReader::ReadType35},
     {36, &SMBiosReader::ReadType36},
+    {37, &SMBiosReader::ReadType37},
+    {38, &SMBiosReader::ReadType38},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };

@@ -1,0 +1,89 @@
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "model/code_text.h"
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+namespace {
+
+constexpr CodeText kChannelTypes[] = {
+    {1, "Other"},
+    {2, "Unknown"},
+    {3, "RamBus"},
+    {4, "SyncLink"},
+};
+
+struct MemoryChannelDevice {
+  std::uint8_t DeviceLoad;
+  std::uint16_t DeviceHandle;
+};
+
+// Memory Channel: the memory devices that share a channel, each with the load that it puts on it.
+// Layout: DMTF DSP0134, "Memory Channel (Type 37) structure".
+class SMType37Obj final : public SMObj {
+ public:
+  SMType37Obj() { SetType(37); }
+
+  void SetChannelType(std::uint8_t value) { ChannelType = value; }
+  void SetMaximumChannelLoad(std::uint8_t value) { MaximumChannelLoad = value; }
+  void SetMemoryDeviceCount(std::uint8_t value) { MemoryDeviceCount = value; }
+  void SetMemoryDevices(std::vector<MemoryChannelDevice> devices) {
+    MemoryDevices = std::move(devices);
+  }
+
+  std::string ToString() const override;
+
+ private:
+  void AddDevices(TextBlock& block) const;
+
+  std::vector<MemoryChannelDevice> MemoryDevices;
+  std::uint8_t MemoryDeviceCount = 0;
+  std::uint8_t MaximumChannelLoad = 0;
+  std::uint8_t ChannelType = 0;
+};
+
+void SMType37Obj::AddDevices(TextBlock& block) const {
+  // The first device stands on the line of the label, two tabs behind it: intended.
+  block.Raw({"\tMemory Devices :"});
+  unsigned index = 0;
+  for (const MemoryChannelDevice& device : MemoryDevices) {
+    block.SubItem({Decimal(index++), ")Load--", Hex(device.DeviceLoad, 2), "h, Handle--",
+                   Hex(device.DeviceHandle, 4), "h"});
+  }
+  // Ends the label's own line, or leaves an empty line behind the last device.
+  block.Raw({"\r\n"});
+}
+
+std::string SMType37Obj::ToString() const {
+  TextBlock block("Memory Channel (Type 37)");
+  block.Item({"Channel Type : ", TextOfCode(kChannelTypes, ChannelType, kNothing)});
+  block.Item({"Maximum Channel Load : ", Decimal(MaximumChannelLoad)});
+  block.Item({"Memory Device Count : ", Decimal(MemoryDeviceCount)});
+  AddDevices(block);
+  return block.CloseWithoutEmptyLine();
+}
+
+}  // namespace
+
+void SMBiosReader::ReadType37(TableCursor& cursor) {
+  auto object = std::make_unique<SMType37Obj>();
+  ReadHeader(*object, cursor);
+  object->SetChannelType(cursor.U8());
+  object->SetMaximumChannelLoad(cursor.U8());
+  const std::uint8_t count = cursor.U8();
+  object->SetMemoryDeviceCount(count);
+  std::vector<MemoryChannelDevice> devices(count);
+  for (MemoryChannelDevice& device : devices) {
+    device.DeviceLoad = cursor.U8();
+    device.DeviceHandle = cursor.U16();
+  }
+  object->SetMemoryDevices(std::move(devices));
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel

@@ -1,0 +1,67 @@
+#include <memory>
+#include <utility>
+
+#include "model/code_text.h"
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+namespace {
+
+constexpr CodeText kInterfaceTypes[] = {
+    {0, "Unknown"},
+    {1, "Keyboard Controller Style"},
+    {2, "Server Management Interface Chip"},
+    {3, "Block Transfer"},
+};
+
+// IPMI Device Information: the interface of the baseboard management controller. Layout: DMTF
+// DSP0134, "IPMI Device Information (Type 38) structure".
+class SMType38Obj final : public SMObj {
+ public:
+  SMType38Obj() { SetType(38); }
+
+  void SetInterfaceType(std::uint8_t value) { InterfaceType = value; }
+  void SetIpmiSpecificationRevision(std::uint8_t value) { IpmiSpecificationRevision = value; }
+  void SetI2cSlaveAddress(std::uint8_t value) { I2cSlaveAddress = value; }
+  void SetNvStorageDeviceAddress(std::uint8_t value) { NvStorageDeviceAddress = value; }
+  void SetBaseAddress(std::uint64_t value) { BaseAddress = value; }
+
+  std::string ToString() const override;
+
+ private:
+  std::uint64_t BaseAddress = 0;
+  std::uint8_t NvStorageDeviceAddress = 0;
+  std::uint8_t I2cSlaveAddress = 0;
+  std::uint8_t IpmiSpecificationRevision = 0;
+  std::uint8_t InterfaceType = 0;
+};
+
+std::string SMType38Obj::ToString() const {
+  TextBlock block("IPMI Device Information (Type 38)");
+  // Nothing between label and value: intended.
+  block.Item({"Interface Type", TextOfCode(kInterfaceTypes, InterfaceType, kNothing)});
+  // One number, although the byte holds two digits: intended.
+  block.Item({"IPMI Specification Revision : ", Decimal(IpmiSpecificationRevision)});
+  block.Item({"I2C Slave Address : ", Hex(I2cSlaveAddress, 2), "h"});
+  block.Item({"NV Storage Device Address : ", Hex(NvStorageDeviceAddress, 2), "h"});
+  block.Item({"Base Address : ", Hex(BaseAddress, 16), "h"});
+  return block.Close();
+}
+
+}  // namespace
+
+void SMBiosReader::ReadType38(TableCursor& cursor) {
+  auto object = std::make_unique<SMType38Obj>();
+  ReadHeader(*object, cursor);
+  object->SetInterfaceType(cursor.U8());
+  object->SetIpmiSpecificationRevision(cursor.U8());
+  object->SetI2cSlaveAddress(cursor.U8());
+  object->SetNvStorageDeviceAddress(cursor.U8());
+  object->SetBaseAddress(cursor.U64());
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel
