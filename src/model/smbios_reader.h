@@ -100,6 +100,7 @@ class SMBiosReader {
   void ReadType36(TableCursor& cursor);
   void ReadType37(TableCursor& cursor);
   void ReadType38(TableCursor& cursor);
+  void ReadType39(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

@@ -49,6 +49,7 @@ constexpr DispatchRow kDispatch[] = {
     {36, &SMBiosReader::ReadType36},
     {37, &SMBiosReader::ReadType37},
     {38, &SMBiosReader::ReadType38},
+    {39, &SMBiosReader::ReadType39},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };
