@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "model/smbios_reader.h"
+#include "model/text.h"
 #include "tools/kestrel/table_builder.h"
 
 namespace kestrel {
@@ -74,15 +75,17 @@ void ExpectReports(std::initializer_list<ReportCase> cases) {
 
 void ExpectLines(const Bytes& structure, std::initializer_list<LineCase> cases) {
   for (const LineCase& test : cases) {
-    const std::string line = "\r\n\t" + std::string(test.Line) + "\r\n";
+    std::string line;
+    Append(line, {"\r\n\t", test.Line, "\r\n"});
     EXPECT_THAT(ReportOf(WithBytes(structure, test)), testing::HasSubstr(line));
   }
 }
 
 void ExpectMifRows(const Bytes& structure, std::initializer_list<LineCase> cases) {
   for (const LineCase& test : cases) {
-    EXPECT_EQ(MifRowsOf(WithBytes(structure, test), structure.front()),
-              "\t" + std::string(test.Line) + "\r\n");
+    std::string row;
+    Append(row, {"\t", test.Line, "\r\n"});
+    EXPECT_EQ(MifRowsOf(WithBytes(structure, test), structure.front()), row);
   }
 }
 

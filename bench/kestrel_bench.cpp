@@ -1,0 +1,199 @@
+// Times the walk, the report and the MIF document over tables of several sizes.
+//
+// Of each it prints the time, the time per byte of the table, the size of the text, the time per
+// byte of it, and how often a memcpy of the text would fit into the time, measured in the same run:
+// the one figure that is worth comparing from machine to machine.
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <iostream>
+#include <span>
+#include <string>
+#include <string_view>
+#include <sys/resource.h>
+#include <vector>
+
+#include "model/smbios_reader.h"
+#include "tools/kestrel/sample.h"
+#include "tools/kestrel/table_builder.h"
+
+namespace {
+
+using kestrel::SMBiosReader;
+using Clock = std::chrono::steady_clock;
+using Table = std::vector<std::uint8_t>;
+
+constexpr std::size_t kLargestTable = 65535;
+
+double SecondsSince(Clock::time_point start) {
+  return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+// The sample's structures again and again, as many whole samples as fit, the rest of them zeros
+// away: a part of the sample for a table shorter than it.
+Table MixedTable(std::size_t size) {
+  const Table sample = kestrel::MakeSampleTable();
+  // A string set that is not empty, so that the next sample's first byte is not taken for padding.
+  constexpr std::string_view kStrings[] = {"x"};
+  Table table;
+  while (table.size() < size) {
+    table.insert(table.end(), sample.begin(), sample.end());
+    kestrel::AppendStructure(table, 200, 0, {}, kStrings);
+  }
+  table.resize(std::min(size, kLargestTable));
+  return table;
+}
+
+// Structures of one type, all of them with the same fields.
+Table UniformTable(std::uint8_t type, const Table& fields,
+                   std::span<const std::string_view> strings) {
+  Table table;
+  while (table.size() + 600 < kLargestTable) {
+    kestrel::AppendStructure(table, type, 0, fields, strings);
+  }
+  return table;
+}
+
+Table Filled(Table fields, std::size_t size) {
+  fields.resize(size, 0x11);
+  return fields;
+}
+
+// The time of one memcpy of a text of `size` bytes.
+double SecondsOfCopy(std::size_t size) {
+  const std::string source(size, 'x');
+  std::string target(size, ' ');
+  constexpr int kRounds = 200;
+  const auto start = Clock::now();
+  for (int round = 0; round < kRounds; ++round) {
+    source.copy(target.data(), size);
+    benchmark::DoNotOptimize(target.data());
+    benchmark::ClobberMemory();
+  }
+  return SecondsSince(start) / kRounds;
+}
+
+// Runs `work`, which gives the size of the text that it made.
+template <typename Work>
+void Measure(benchmark::State& state, std::size_t tableSize, Work work) {
+  std::size_t textSize = 0;
+  const auto start = Clock::now();
+  for (auto _ : state) {
+    textSize = work();
+  }
+  const double seconds = SecondsSince(start) / static_cast<double>(state.iterations());
+  state.counters["ns/table byte"] = seconds * 1e9 / static_cast<double>(tableSize);
+  if (textSize != 0) {
+    state.counters["text bytes"] = static_cast<double>(textSize);
+    state.counters["ns/text byte"] = seconds * 1e9 / static_cast<double>(textSize);
+    state.counters["memcpys"] = seconds / SecondsOfCopy(textSize);
+  }
+}
+
+std::size_t Walk(const Table& table) {
+  SMBiosReader reader;
+  reader.WalkTable(table);
+  benchmark::DoNotOptimize(reader.GetObjects().data());
+  return 0;
+}
+
+std::size_t Report(const SMBiosReader& reader) {
+  const std::string text = reader.BuildTextReport();
+  benchmark::DoNotOptimize(text.data());
+  return text.size();
+}
+
+std::size_t Document(const SMBiosReader& reader) {
+  const std::string text = reader.ObjsToMifString();
+  benchmark::DoNotOptimize(text.data());
+  return text.size();
+}
+
+std::size_t Everything(const Table& table) {
+  SMBiosReader reader;
+  reader.WalkTable(table);
+  return Report(reader) + Document(reader);
+}
+
+Table MixedTableOf(const benchmark::State& state) {
+  return MixedTable(static_cast<std::size_t>(state.range(0)) * 1024);
+}
+
+void BM_Walk(benchmark::State& state) {
+  const Table table = MixedTableOf(state);
+  Measure(state, table.size(), [&] { return Walk(table); });
+}
+
+void BM_Report(benchmark::State& state) {
+  const Table table = MixedTableOf(state);
+  SMBiosReader reader;
+  reader.WalkTable(table);
+  Measure(state, table.size(), [&] { return Report(reader); });
+}
+
+void BM_Document(benchmark::State& state) {
+  const Table table = MixedTableOf(state);
+  SMBiosReader reader;
+  reader.WalkTable(table);
+  Measure(state, table.size(), [&] { return Document(reader); });
+}
+
+void BM_Everything(benchmark::State& state) {
+  const Table table = MixedTableOf(state);
+  Measure(state, table.size(), [&] { return Everything(table); });
+}
+
+// Counts that are kept, and the same counts with nothing behind them.
+void BM_Counts(benchmark::State& state, std::uint8_t type, const Table& fields,
+               const std::vector<std::string_view>& strings) {
+  const Table table = UniformTable(type, fields, strings);
+  Measure(state, table.size(), [&] { return Everything(table); });
+}
+
+void RegisterBenchmarks() {
+  for (const auto& [name, function] : {std::pair{"walk", &BM_Walk},
+                                       {"report", &BM_Report},
+                                       {"document", &BM_Document},
+                                       {"everything", &BM_Everything}}) {
+    benchmark::RegisterBenchmark(name, function)->Arg(1)->Arg(4)->Arg(16)->Arg(64);
+  }
+  // Memory Controller, OEM Strings and Memory Channel: the count at its place, then the list.
+  const std::vector<std::string_view> strings(255, "x");
+  const auto counts = [](const char* name, std::uint8_t type, const Table& fields,
+                         const std::vector<std::string_view>& texts) {
+    benchmark::RegisterBenchmark(
+        name, [=](benchmark::State& state) { BM_Counts(state, type, fields, texts); });
+  };
+  const Table slots = {6, 8, 3, 3, 9, 12, 0, 0, 5, 2, 120};
+  counts("honest slots", 5, Filled(slots, 11 + 240), {});
+  counts("lying slots", 5, slots, {});
+  counts("honest strings", 11, {255}, strings);
+  counts("lying strings", 11, {255}, {});
+  counts("honest devices", 37, Filled({2, 16, 80}, 3 + 240), {});
+  counts("lying devices", 37, {2, 16, 80}, {});
+}
+
+long PeakKilobytes() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const long idle = PeakKilobytes();
+  Everything(MixedTable(kLargestTable));
+  std::cout << "memory for everything of 64 KiB, above the idle process: " << PeakKilobytes() - idle
+            << " KiB\n";
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    return 1;
+  }
+  RegisterBenchmarks();
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
