@@ -101,6 +101,8 @@ class SMBiosReader {
   void ReadType37(TableCursor& cursor);
   void ReadType38(TableCursor& cursor);
   void ReadType39(TableCursor& cursor);
+  void ReadType21(TableCursor& cursor);
+  void ReadType22(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

@@ -50,6 +50,8 @@ constexpr DispatchRow kDispatch[] = {
     {37, &SMBiosReader::ReadType37},
     {38, &SMBiosReader::ReadType38},
     {39, &SMBiosReader::ReadType39},
+    {21, &SMBiosReader::ReadType21},
+    {22, &SMBiosReader::ReadType22},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };

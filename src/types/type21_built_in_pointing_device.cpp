@@ -1,0 +1,72 @@
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "model/code_text.h"
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+namespace {
+
+constexpr CodeText kDeviceTypes[] = {
+    {1, "Other"},      {2, "Unknown"},      {3, "Mouse"},
+    {4, "Track Ball"}, {5, "Track Point"},  {6, "Glide Point"},
+    {7, "Touch Pad"},  {8, "Touch Screen"}, {9, "Optical Sensor"},
+};
+
+constexpr CodeText kInterfaces[] = {
+    {1, "Other"},
+    {2, "Unknown"},
+    {3, "Serial"},
+    {4, "PS/2"},
+    {5, "Infrared"},
+    {6, "HP-HIL"},
+    {7, "Bus mouse"},
+    {8, "ADB (Apple Desktop Bus)"},
+    {0xA0, "Bus mouse DB-9"},
+    {0xA1, "Bus mouse micro-DIN"},
+    {0xA2, "USB"},
+};
+
+// Built-in Pointing Device: what takes the place of a mouse on a portable system. Layout: DMTF
+// DSP0134, "Built-in Pointing Device (Type 21) structure".
+class SMType21Obj final : public SMObj {
+ public:
+  SMType21Obj() { SetType(21); }
+
+  void SetDeviceType(std::uint8_t value) { DeviceType = value; }
+  void SetInterface(std::uint8_t value) { Interface = value; }
+  void SetNumberOfButtons(std::uint8_t value) { NumberOfButtons = value; }
+
+  std::string ToString() const override;
+
+ private:
+  std::uint8_t NumberOfButtons = 0;
+  std::uint8_t Interface = 0;
+  std::uint8_t DeviceType = 0;
+};
+
+std::string SMType21Obj::ToString() const {
+  TextBlock block("Built-in Pointing Device (Type 21)");
+  block.Item({"Device Type : ", TextOfCode(kDeviceTypes, DeviceType, kNothing)});
+  block.Item({"Interface : ", TextOfCode(kInterfaces, Interface, kNothing)});
+  block.Item({"Number of Buttons : ", Decimal(NumberOfButtons)});
+  return block.Close();
+}
+
+}  // namespace
+
+void SMBiosReader::ReadType21(TableCursor& cursor) {
+  auto object = std::make_unique<SMType21Obj>();
+  ReadHeader(*object, cursor);
+  object->SetDeviceType(cursor.U8());
+  object->SetInterface(cursor.U8());
+  object->SetNumberOfButtons(cursor.U8());
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel
