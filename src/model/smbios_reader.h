@@ -103,6 +103,9 @@ class SMBiosReader {
   void ReadType39(TableCursor& cursor);
   void ReadType21(TableCursor& cursor);
   void ReadType22(TableCursor& cursor);
+  void ReadType23(TableCursor& cursor);
+  void ReadType24(TableCursor& cursor);
+  void ReadType25(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

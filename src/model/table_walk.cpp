@@ -52,6 +52,9 @@ constexpr DispatchRow kDispatch[] = {
     {39, &SMBiosReader::ReadType39},
     {21, &SMBiosReader::ReadType21},
     {22, &SMBiosReader::ReadType22},
+    {23, &SMBiosReader::ReadType23},
+    {24, &SMBiosReader::ReadType24},
+    {25, &SMBiosReader::ReadType25},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };

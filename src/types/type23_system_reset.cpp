@@ -1,0 +1,59 @@
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "model/smbios_reader.h"
+#include "model/table_cursor.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+namespace {
+
+// System Reset: whether and when the firmware resets a system that hangs. Shown undecoded. Layout:
+// DMTF DSP0134, "System Reset (Type 23) structure".
+class SMType23Obj final : public SMObj {
+ public:
+  SMType23Obj() { SetType(23); }
+
+  void SetCapabilities(std::uint8_t value) { Capabilities = value; }
+  void SetResetCount(std::uint16_t value) { ResetCount = value; }
+  void SetResetLimit(std::uint16_t value) { ResetLimit = value; }
+  void SetTimerInterval(std::uint16_t value) { TimerInterval = value; }
+  void SetTimeout(std::uint16_t value) { Timeout = value; }
+
+  std::string ToString() const override;
+
+ private:
+  std::uint16_t Timeout = 0;
+  std::uint16_t TimerInterval = 0;
+  std::uint16_t ResetLimit = 0;
+  std::uint16_t ResetCount = 0;
+  std::uint8_t Capabilities = 0;
+};
+
+std::string SMType23Obj::ToString() const {
+  TextBlock block("System Reset (Type 23)");
+  block.Item({"Capabilities : ", Hex(Capabilities, 2)});
+  block.Item({"Reset Count : ", Hex(ResetCount, 4)});
+  block.Item({"Reset Limit : ", Hex(ResetLimit, 4)});
+  block.Item({"Timer Interval : ", Hex(TimerInterval, 4)});
+  block.Item({"Timeout : ", Hex(Timeout, 4)});
+  return block.Close();
+}
+
+}  // namespace
+
+void SMBiosReader::ReadType23(TableCursor& cursor) {
+  auto object = std::make_unique<SMType23Obj>();
+  ReadHeader(*object, cursor);
+  object->SetCapabilities(cursor.U8());
+  object->SetResetCount(cursor.U16());
+  object->SetResetLimit(cursor.U16());
+  object->SetTimerInterval(cursor.U16());
+  object->SetTimeout(cursor.U16());
+  AppendObject(std::move(object));
+}
+
+}  // namespace kestrel
