@@ -106,6 +106,8 @@ class SMBiosReader {
   void ReadType23(TableCursor& cursor);
   void ReadType24(TableCursor& cursor);
   void ReadType25(TableCursor& cursor);
+  void ReadType30(TableCursor& cursor);
+  void ReadType32(TableCursor& cursor);
   void ReadType126(TableCursor& cursor);
   void ReadType127(TableCursor& cursor);
 

@@ -55,6 +55,8 @@ constexpr DispatchRow kDispatch[] = {
     {23, &SMBiosReader::ReadType23},
     {24, &SMBiosReader::ReadType24},
     {25, &SMBiosReader::ReadType25},
+    {30, &SMBiosReader::ReadType30},
+    {32, &SMBiosReader::ReadType32},
     {126, &SMBiosReader::ReadType126},
     {127, &SMBiosReader::ReadType127},
 };
