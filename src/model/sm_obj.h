@@ -38,6 +38,8 @@ class SMObj {
   void SetStringCount(std::uint8_t count) { StringCount = count; }
   std::uint8_t GetStringCount() const { return StringCount; }
 
+  // Room for as many strings.
+  void ReserveStrings(std::size_t count) { Strings.reserve(count); }
   void AddString(std::string_view text) { Strings.emplace_back(text); }
 
   // The string that a string field names: 1 is the first. Empty for 0 and for a number beyond the

@@ -23,8 +23,14 @@ void SMBiosReader::ReadHeader(SMObj& object, TableCursor& cursor) {
 }
 
 void SMBiosReader::CollectStrings(SMObj& object, TableCursor& cursor) const {
-  cursor.MoveTo(StructureStart + object.GetLength());
-  for (unsigned taken = 0; taken < object.GetStringCount() && cursor.Peek() != 0; ++taken) {
+  const std::size_t start = StructureStart + object.GetLength();
+  unsigned held = 0;
+  for (cursor.MoveTo(start); held < object.GetStringCount() && cursor.Peek() != 0; ++held) {
+    SkipString(cursor);
+  }
+  object.ReserveStrings(held);
+  cursor.MoveTo(start);
+  for (unsigned taken = 0; taken < held; ++taken) {
     object.AddString(cursor.String());
     SkipString(cursor);
   }

@@ -52,10 +52,9 @@ class TableCursor {
   // position stays.
   std::string_view String() const {
     const auto held = Rest();
-    const auto end = std::find(held.begin(), held.end(), std::uint8_t{0});
     // Text and bytes share their storage; char may alias any object.
-    return {reinterpret_cast<const char*>(held.data()),
-            static_cast<std::size_t>(end - held.begin())};
+    const std::string_view text(reinterpret_cast<const char*>(held.data()), held.size());
+    return text.substr(0, text.find('\0'));
   }
 
  private:

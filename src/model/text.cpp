@@ -1,5 +1,7 @@
 #include "model/text.h"
 
+#include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace kestrel {
@@ -10,6 +12,43 @@ constexpr std::string_view kLineEnd = "\r\n";
 
 // Most blocks fit, so that a block is one allocation.
 constexpr std::size_t kUsualBlockSize = 512;
+
+std::size_t SizeOf(Pieces pieces) {
+  std::size_t size = 0;
+  for (const std::string_view piece : pieces) {
+    size += piece.size();
+  }
+  return size;
+}
+
+// Gives the end of the copy.
+char* CopyPiece(char* target, std::string_view piece) {
+  const char* source = piece.data();
+  const std::size_t size = piece.size();
+  // Nearly all pieces are short: for them the call of a general copy costs more than the copy. The
+  // two halves of each copy may overlap.
+  if (size > 16) {
+    std::memcpy(target, source, size);
+  } else if (size >= 8) {
+    std::memcpy(target, source, 8);
+    std::memcpy(target + size - 8, source + size - 8, 8);
+  } else if (size >= 4) {
+    std::memcpy(target, source, 4);
+    std::memcpy(target + size - 4, source + size - 4, 4);
+  } else if (size != 0) {
+    target[0] = source[0];
+    target[size / 2] = source[size / 2];
+    target[size - 1] = source[size - 1];
+  }
+  return target + size;
+}
+
+char* CopyPieces(char* target, Pieces pieces) {
+  for (const std::string_view piece : pieces) {
+    target = CopyPiece(target, piece);
+  }
+  return target;
+}
 
 }  // namespace
 
@@ -37,29 +76,42 @@ void Append(std::string& text, Pieces pieces) {
   }
 }
 
-TextBlock::TextBlock(std::string_view title) {
-  Text.reserve(kUsualBlockSize);
-  Append(Text, {title, kLineEnd});
+TextBlock::TextBlock(std::string_view title) : Text(kUsualBlockSize, '\0') {
+  Raw({title, kLineEnd});
 }
 
-void TextBlock::Item(Pieces pieces) {
-  Text.push_back('\t');
-  Append(Text, pieces);
-  Text.append(kLineEnd);
-}
+void TextBlock::Item(Pieces pieces) { Line("\t", pieces); }
 
-void TextBlock::SubItem(Pieces pieces) {
-  Text.push_back('\t');
-  Item(pieces);
-}
+void TextBlock::SubItem(Pieces pieces) { Line("\t\t", pieces); }
 
-void TextBlock::Raw(Pieces pieces) { Append(Text, pieces); }
+void TextBlock::Raw(Pieces pieces) { CopyPieces(Extend(SizeOf(pieces)), pieces); }
 
 std::string TextBlock::Close() {
-  Text.append(kLineEnd);
+  Raw({kLineEnd});
   return CloseWithoutEmptyLine();
 }
 
-std::string TextBlock::CloseWithoutEmptyLine() { return std::move(Text); }
+std::string TextBlock::CloseWithoutEmptyLine() {
+  Text.resize(Used);
+  return std::move(Text);
+}
+
+void TextBlock::Line(std::string_view indent, Pieces pieces) {
+  char* end = Extend(indent.size() + SizeOf(pieces) + kLineEnd.size());
+  end = CopyPiece(end, indent);
+  end = CopyPieces(end, pieces);
+  CopyPiece(end, kLineEnd);
+}
+
+char* TextBlock::Extend(std::size_t size) {
+  const std::size_t start = Used;
+  Used += size;
+  if (Used > Text.size()) {
+    Grow();
+  }
+  return Text.data() + start;
+}
+
+void TextBlock::Grow() { Text.resize(std::max(Used, 2 * Text.size())); }
 
 }  // namespace kestrel

@@ -58,7 +58,14 @@ class TextBlock {
   std::string CloseWithoutEmptyLine();
 
  private:
+  void Line(std::string_view indent, Pieces pieces);
+  // Room for `size` more characters, which count as used.
+  char* Extend(std::size_t size);
+  void Grow();
+
+  // Longer than what is used of it, so that a piece costs one copy and no bookkeeping.
   std::string Text;
+  std::size_t Used = 0;
 };
 
 }  // namespace kestrel

@@ -40,7 +40,10 @@ std::string TextOf(const CommandLine& line, OpenedSource& source) {
     return reader.ObjsToMifString();
   }
   std::string text = line.Chosen == Command::Bios ? TextOfBios(reader) : reader.BuildTextReport();
-  return line.Exact ? text : ToConsoleText(text);
+  if (!line.Exact) {
+    text = ToConsoleText(text);
+  }
+  return text;
 }
 
 }  // namespace
