@@ -1,5 +1,5 @@
-/* A host of the library: uses the nine exports in all orders and checks what they do to its buffers.
-   Arguments: the file to write the report to, and the one for the MIF document. */
+/* A host of the library: uses the nine exports in all orders and checks what they do to its
+   buffers. Arguments: the file to write the report to, and the one for the MIF document. */
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -16,12 +16,12 @@ enum { kLargest = 1 << 20, kCanary = 0x5A, kCanaries = 16 };
 static char memory[kCanaries + kLargest + kCanaries];
 static char whole[kLargest];
 
-#define EXPECT(condition)                                                     \
-  do {                                                                        \
-    if (!(condition)) {                                                       \
-      fprintf(stderr, "FAILED: line %d: %s\n", __LINE__, #condition);         \
-      exit(1);                                                                \
-    }                                                                         \
+#define EXPECT(condition)                                             \
+  do {                                                                \
+    if (!(condition)) {                                               \
+      fprintf(stderr, "FAILED: line %d: %s\n", __LINE__, #condition); \
+      exit(1);                                                        \
+    }                                                                 \
   } while (0)
 
 /* Asks for a text in a buffer of `size` bytes and checks that nothing outside it was written. */
