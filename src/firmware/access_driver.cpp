@@ -1,0 +1,257 @@
+#include "firmware/access_driver.h"
+
+#include <algorithm>
+
+namespace kestrel {
+
+namespace {
+
+constexpr const char* kVirtualDevice = R"(\\.\SKUA.VXD)";
+constexpr const char* kKernelDevice = R"(\\.\Petrel)";
+constexpr std::string_view kDriverFileNT4 = "PetrelNt.sys";
+constexpr std::string_view kDriverFile2000 = "Petrel.sys";
+
+// Both drivers: device type 22h, functions 806h, 808h and 810h, buffered, any access.
+constexpr DWORD kNoteAddress = 0x222018;
+constexpr DWORD kNoteLength = 0x222020;
+constexpr DWORD kCopyMemory = 0x222040;
+
+constexpr int kPolls = 10;
+constexpr DWORD kPollInterval = 1000;
+
+static_assert(sizeof(OSVERSIONINFOA) == 148 && sizeof(OSVERSIONINFOEXA) == 156);
+
+struct ServiceHandleCloser {
+  using pointer = SC_HANDLE;
+  void operator()(SC_HANDLE handle) const { CloseServiceHandle(handle); }
+};
+
+// Of the service manager or of a service.
+using ServiceHandle = std::unique_ptr<void, ServiceHandleCloser>;
+
+ServiceHandle OpenManager() {
+  return ServiceHandle(OpenSCManagerA(nullptr, nullptr, SC_MANAGER_ALL_ACCESS));
+}
+
+// Empty when there is no manager, too.
+ServiceHandle OpenInstalledService(const ServiceHandle& manager, const char* serviceName) {
+  return ServiceHandle(manager ? OpenServiceA(manager.get(), serviceName, SERVICE_ALL_ACCESS)
+                               : nullptr);
+}
+
+// Gives false when the service does not tell its state.
+bool Interrogate(const ServiceHandle& service, DWORD& state) {
+  SERVICE_STATUS status{};
+  const BOOL answered = ControlService(service.get(), SERVICE_CONTROL_INTERROGATE, &status);
+  state = status.dwCurrentState;
+  return answered != FALSE;
+}
+
+bool Stop(const ServiceHandle& service) {
+  SERVICE_STATUS status{};
+  return ControlService(service.get(), SERVICE_CONTROL_STOP, &status) != FALSE;
+}
+
+bool WaitFor(const ServiceHandle& service, DWORD wantedState) {
+  for (int poll = 0; poll < kPolls; ++poll) {
+    Sleep(kPollInterval);
+    DWORD state = 0;
+    if (Interrogate(service, state) && state == wantedState) {
+      return true;
+    }
+  }
+  return false;
+}
+
+Platform PlatformOf(const OSVERSIONINFOEXA& version) {
+  const DWORD major = version.dwMajorVersion;
+  switch (version.dwPlatformId) {
+    case VER_PLATFORM_WIN32s:
+      return Platform::Win32s;
+    case VER_PLATFORM_WIN32_WINDOWS:
+      return major < 4 || (major == 4 && version.dwMinorVersion == 0) ? Platform::Windows95
+                                                                      : Platform::Windows98;
+    case VER_PLATFORM_WIN32_NT:
+      if (major <= 4) {
+        return Platform::WindowsNT4;
+      }
+      return major == 5 ? Platform::Windows2000 : Platform::Unknown;
+    default:
+      return Platform::Unknown;
+  }
+}
+
+}  // namespace
+
+int AccessDriver::Open() {
+  DetectPlatform();
+  switch (OsPlatform) {
+    case Platform::Windows95:
+    case Platform::Windows98:
+      return OpenVirtualDevice();
+    case Platform::WindowsNT4:
+      return OpenKernelDriver(kDriverFileNT4);
+    case Platform::Windows2000:
+      return OpenKernelDriver(kDriverFile2000);
+    default:
+      return 0;
+  }
+}
+
+int AccessDriver::Close() {
+  switch (OsPlatform) {
+    case Platform::Windows95:
+    case Platform::Windows98:
+      return CloseDevice();
+    case Platform::WindowsNT4:
+    case Platform::Windows2000:
+      CloseDevice();
+      return RemoveService(ServiceName);
+    default:
+      return 1;
+  }
+}
+
+std::uint32_t AccessDriver::ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) {
+  const auto length = static_cast<DWORD>(buffer.size());
+  if (!Device || Request(kNoteAddress, address) == 0 || Request(kNoteLength, length) == 0) {
+    return 0;
+  }
+  DWORD count = 0;
+  if (DeviceIoControl(Device.get(), kCopyMemory, nullptr, 0, buffer.data(), length, &count,
+                      nullptr) == FALSE) {
+    return 0;
+  }
+  // A driver may claim more than the buffer holds.
+  return std::min(count, length);
+}
+
+int AccessDriver::DetectPlatform() {
+  OSVERSIONINFOEXA version{};
+  auto* record = reinterpret_cast<OSVERSIONINFOA*>(&version);
+  version.dwOSVersionInfoSize = sizeof(OSVERSIONINFOEXA);
+  if (GetVersionExA(record) == FALSE) {
+    // The 9x family, and Windows NT 4 before its last service packs, know the plain record alone.
+    version.dwOSVersionInfoSize = sizeof(OSVERSIONINFOA);
+    if (GetVersionExA(record) == FALSE) {
+      return 0;
+    }
+  }
+  OsPlatform = PlatformOf(version);
+  return 1;
+}
+
+// Opening the device loads the driver and closing it unloads the driver, which is what creating and
+// deleting mean here.
+int AccessDriver::OpenVirtualDevice() {
+  return SetDevice(
+      CreateFileA(kVirtualDevice, 0, 0, nullptr, CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+}
+
+int AccessDriver::OpenKernelDriver(std::string_view driverFile) {
+  if (MakeDriverPath(driverFile) == 0 || LoadDriver(ServiceName, DriverPath.data()) == 0) {
+    return 0;
+  }
+  if (OpenDevice() == 0) {
+    RemoveService(ServiceName);
+    return 0;
+  }
+  return 1;
+}
+
+// The driver lies beside the host program. No driver is installed from a path that is only a part
+// of what it should be.
+int AccessDriver::MakeDriverPath(std::string_view driverFile) {
+  const std::size_t length =
+      GetModuleFileNameA(nullptr, DriverPath.data(), static_cast<DWORD>(DriverPath.size()));
+  if (length == 0 || length >= DriverPath.size()) {
+    return 0;
+  }
+  const std::size_t backslash = std::string_view(DriverPath.data(), length).rfind('\\');
+  const std::size_t directory = backslash == std::string_view::npos ? 0 : backslash + 1;
+  if (directory + driverFile.size() >= DriverPath.size()) {
+    return 0;
+  }
+  driverFile.copy(&DriverPath[directory], driverFile.size());
+  DriverPath[directory + driverFile.size()] = '\0';
+  return 1;
+}
+
+int AccessDriver::LoadDriver(const char* serviceName, const char* driverPath) {
+  return InstallService(serviceName, driverPath) != 0 && StartService(serviceName) != 0 ? 1 : 0;
+}
+
+// A service that is there already, left by a host that ended without closing, is only stopped.
+int AccessDriver::InstallService(const char* serviceName, const char* driverPath) {
+  const ServiceHandle manager = OpenManager();
+  if (!manager) {
+    return 0;
+  }
+  if (const ServiceHandle service = OpenInstalledService(manager, serviceName)) {
+    DWORD state = 0;
+    if (!Interrogate(service, state) || state == SERVICE_STOPPED) {
+      return 1;
+    }
+    return Stop(service) && WaitFor(service, SERVICE_STOPPED) ? 1 : 0;
+  }
+  const ServiceHandle created(CreateServiceA(manager.get(), serviceName, serviceName,
+                                             SERVICE_ALL_ACCESS, SERVICE_KERNEL_DRIVER,
+                                             SERVICE_AUTO_START, SERVICE_ERROR_NORMAL, driverPath,
+                                             nullptr, nullptr, nullptr, nullptr, nullptr));
+  return created ? 1 : 0;
+}
+
+int AccessDriver::StartService(const char* serviceName) {
+  ServiceHandle manager = OpenManager();
+  ServiceHandle service = OpenInstalledService(manager, serviceName);
+  if (!service) {
+    return 0;
+  }
+  const bool runs =
+      StartServiceA(service.get(), 0, nullptr) != FALSE && WaitFor(service, SERVICE_RUNNING);
+  service.reset();
+  manager.reset();
+  if (!runs) {
+    RemoveService(serviceName);
+    return 0;
+  }
+  return 1;
+}
+
+int AccessDriver::RemoveService(const char* serviceName) {
+  const ServiceHandle manager = OpenManager();
+  const ServiceHandle service = OpenInstalledService(manager, serviceName);
+  if (!service) {
+    return 0;
+  }
+  Stop(service);
+  DeleteService(service.get());
+  return 1;
+}
+
+int AccessDriver::OpenDevice() {
+  return SetDevice(CreateFileA(kKernelDevice, GENERIC_READ | GENERIC_WRITE,
+                               FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                               FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+int AccessDriver::SetDevice(HANDLE device) {
+  Device.reset(device != INVALID_HANDLE_VALUE ? device : nullptr);
+  return Device ? 1 : 0;
+}
+
+int AccessDriver::CloseDevice() {
+  HANDLE device = Device.release();
+  return device != nullptr && CloseHandle(device) != FALSE ? 1 : 0;
+}
+
+// Hands a number to the driver.
+int AccessDriver::Request(DWORD code, std::uint32_t input) {
+  DWORD count = 0;
+  return DeviceIoControl(Device.get(), code, &input, sizeof(input), nullptr, 0, &count, nullptr) !=
+                 FALSE
+             ? 1
+             : 0;
+}
+
+}  // namespace kestrel

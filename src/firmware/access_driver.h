@@ -1,0 +1,63 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string_view>
+
+#include "firmware/firmware_access.h"
+#include "platform/win32.h"
+
+namespace kestrel {
+
+enum class Platform : std::int32_t {
+  Unknown = 0,
+  Windows95 = 1,
+  Windows98 = 2,
+  WindowsNT4 = 3,
+  Windows2000 = 4,
+  Win32s = 5,
+};
+
+// Physical memory of a Windows machine, through a driver outside the library: on Windows 95, 98 and
+// Me the virtual device driver SKUA, which lives as long as its device is open; on Windows NT 4,
+// 2000 and XP the kernel driver Petrel, which is installed as a service from a file beside the host
+// program, started, and removed again on Close.
+class AccessDriver final : public FirmwareAccess {
+ public:
+  // Blocks for a second or more where a service is to be started or stopped, at most some twenty.
+  int Open() override;
+  // On Windows NT 4, 2000 and XP the result is that of removing the service, which is tried whether
+  // or not Open got as far as installing it.
+  int Close() override;
+  // 0 when any of the requests to the driver fails; the buffer is then as the driver left it.
+  std::uint32_t ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) override;
+
+  // Unknown until Open has detected it.
+  Platform GetOsPlatform() const { return OsPlatform; }
+
+ private:
+  struct DeviceCloser {
+    void operator()(HANDLE device) const { CloseHandle(device); }
+  };
+
+  int DetectPlatform();
+  int OpenVirtualDevice();
+  int OpenKernelDriver(std::string_view driverFile);
+  int MakeDriverPath(std::string_view driverFile);
+  static int LoadDriver(const char* serviceName, const char* driverPath);
+  static int InstallService(const char* serviceName, const char* driverPath);
+  static int StartService(const char* serviceName);
+  static int RemoveService(const char* serviceName);
+  int OpenDevice();
+  int SetDevice(HANDLE device);
+  int CloseDevice();
+  int Request(DWORD code, std::uint32_t input);
+
+  Platform OsPlatform = Platform::Unknown;
+  const char* ServiceName = "Petrel";
+  std::array<char, MAX_PATH> DriverPath{};
+  // Empty for a device that is not open, whatever Windows gave instead of a handle.
+  std::unique_ptr<void, DeviceCloser> Device;
+};
+
+}  // namespace kestrel
