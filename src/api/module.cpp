@@ -1,0 +1,24 @@
+#include <optional>
+
+#include "platform/extension_module.h"
+
+namespace {
+
+kestrel::ExtensionModule extensionModule;
+std::optional<kestrel::CDynLinkLibrary> dynLinkLibrary;
+
+}  // namespace
+
+// The library is loaded only into a process in which it could register itself. The reader has no
+// part in this: a host makes and destroys it.
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID /*reserved*/) {
+  if (reason == DLL_PROCESS_ATTACH) {
+    if (kestrel::AfxInitExtensionModule(extensionModule, module) == 0) {
+      return FALSE;
+    }
+    dynLinkLibrary.emplace(extensionModule);
+  } else if (reason == DLL_PROCESS_DETACH) {
+    kestrel::AfxTermExtensionModule(extensionModule);
+  }
+  return TRUE;
+}
