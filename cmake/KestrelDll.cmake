@@ -1,0 +1,28 @@
+# The library as Kestrel.dll: what kestrel_library has on Windows alone.
+
+configure_file(api/kestrel.rc.in kestrel.rc @ONLY)
+target_sources(kestrel_library PRIVATE
+  api/module.cpp
+  platform/extension_module.cpp
+  api/kestrel.def
+  "${CMAKE_CURRENT_BINARY_DIR}/kestrel.rc")
+set_target_properties(kestrel_library PROPERTIES PREFIX "" OUTPUT_NAME Kestrel)
+
+# The same sources give the same file, whenever they are built.
+target_link_options(kestrel_library PRIVATE -s -Wl,--no-insert-timestamp)
+
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  # For Windows 95 and the machines it runs on: without the toolchain's runtime (see
+  # runtime/throw.h), and without startup code. Nothing has to be constructed when the library is
+  # loaded, so the system enters at DllMain. Flags that Windows 95 does not know are left out.
+  target_sources(kestrel_library PRIVATE runtime/support.cpp runtime/throw.cpp)
+  target_link_options(kestrel_library PRIVATE
+    -nostdlib
+    -Wl,--entry,_DllMain@12
+    -Wl,--major-os-version,4,--minor-os-version,0
+    -Wl,--major-subsystem-version,4,--minor-subsystem-version,0
+    -Wl,--disable-dynamicbase,--disable-nxcompat,--disable-long-section-names)
+  target_link_libraries(kestrel_library PRIVATE gcc msvcrt kernel32)
+else()
+  target_link_options(kestrel_library PRIVATE -static)
+endif()

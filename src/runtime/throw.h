@@ -1,0 +1,11 @@
+#pragma once
+
+// The 32-bit library runs on the oldest machines that Windows 95 runs on. The toolchain's C++
+// runtime is built for later processors and imports what that system lacks or only pretends to
+// have, so the library brings the little of it that it needs.
+//
+// All that is ever thrown is that something can not be had: memory, mostly. An exception is
+// therefore a fact without an object and without a type. `catch (...)` catches it; a typed catch,
+// or the throw of an object, does not link.
+
+extern "C" [[noreturn]] void KestrelThrow();
