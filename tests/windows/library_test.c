@@ -1,0 +1,216 @@
+/* Runs the 32-bit Kestrel.dll on Linux: loads the file that is named, as Windows 95 would, gives it
+   what it imports, and lets each of its allocations fail in turn. Built with -m32. */
+#include <stdint.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/mman.h>
+
+#define WINDOWS __attribute__((stdcall))
+
+/* The machine: an entry point, and a table of a BIOS Information and an End-of-Table structure. */
+static const char entryPoint[] =
+    "_SM_\0\x1F\x02\x03\0\0\0\0\0\0\0\0_DMI_\0\x2E\0\0\0\x10\0\x02\0\x23";
+static const char table[] =
+    "\0\x14\0\0\x01\x02\0\xF0\x03\x07\x08\0\0\0\0\0\0\0\0\0Acme\0A1\0"
+    "05/14/2002\0\0\x7F\x04\x01\0\0\0";
+static const char report[] = "BIOS Information (Type 0)\r\n\tVendor Name : Acme\r\n";
+
+/* Counted, so that the test sees what is left and can let one fail. */
+static int allocations;
+static int failingAllocation;
+static int blocks;
+static int devices;
+
+static void* Allocate(uint32_t size) {
+  if (++allocations == failingAllocation) {
+    return NULL;
+  }
+  ++blocks;
+  return malloc(size);
+}
+
+static void Free(void* block) {
+  blocks -= block != NULL;
+  free(block);
+}
+
+static int WINDOWS GetVersionEx95(uint32_t* record) {
+  if (record[0] != 148) {
+    return 0;
+  }
+  record[1] = 4;
+  record[2] = 0;
+  record[4] = 1;
+  return 1;
+}
+
+static int WINDOWS CreateDevice(const char* path, uint32_t access, uint32_t share, void* security,
+                                uint32_t disposition, uint32_t flags, void* model) {
+  (void)access, (void)share, (void)security, (void)disposition, (void)flags, (void)model;
+  ++devices;
+  return strcmp(path, "\\\\.\\SKUA.VXD") == 0 ? 7 : -1;
+}
+
+static int WINDOWS ControlDevice(int device, uint32_t code, const uint32_t* input,
+                                 uint32_t inputSize, void* output, uint32_t outputSize,
+                                 uint32_t* count, void* overlap) {
+  static uint32_t address;
+  (void)device, (void)inputSize, (void)overlap;
+  *count = outputSize;
+  if (code == 0x222018) {
+    address = *input;
+  } else if (code == 0x222040) {
+    memset(output, 0, outputSize);
+    if (address == 0xF0000) {
+      memcpy(output, entryPoint, sizeof(entryPoint));
+    } else if (address == 0x100000 && outputSize < sizeof(table)) {
+      memcpy(output, table, outputSize);
+    }
+  }
+  return 1;
+}
+
+static int WINDOWS CloseDevice(int device) {
+  devices -= device == 7;
+  return 1;
+}
+
+/* There are no service functions, and nobody asks for them. */
+static void WINDOWS Never(void) { abort(); }
+
+static const struct {
+  const char* Name;
+  void* Function;
+} imports[] = {
+    {"GetVersionExA", GetVersionEx95},
+    {"CreateFileA", CreateDevice},
+    {"DeviceIoControl", ControlDevice},
+    {"CloseHandle", CloseDevice},
+    {"GetModuleFileNameA", Never},
+    {"GetProcAddress", Never},
+    {"LoadLibraryA", Never},
+    {"Sleep", Never},
+    {"abort", abort},
+    {"free", Free},
+    {"malloc", Allocate},
+    {"memchr", memchr},
+    {"memcmp", memcmp},
+    {"memcpy", memcpy},
+    {"memmove", memmove},
+    {"memset", memset},
+    {"strlen", strlen},
+};
+
+static uint8_t* image;
+
+static void Require(int condition, const char* what, int number) {
+  if (!condition) {
+    fprintf(stderr, "%s (%d)\n", what, number);
+    exit(1);
+  }
+}
+
+static uint32_t* Words(uint32_t offset) { return (uint32_t*)(image + offset); }
+
+static uint32_t* Headers(void) { return Words(*Words(0x3C)); }
+
+static void* FindImport(const char* name) {
+  for (unsigned index = 0; index < sizeof(imports) / sizeof(*imports); ++index) {
+    if (strcmp(imports[index].Name, name) == 0) {
+      return imports[index].Function;
+    }
+  }
+  fprintf(stderr, "there is no %s\n", name);
+  exit(1);
+}
+
+static void* FindExport(const char* name) {
+  const uint32_t* directory = Words(Headers()[0x78 / 4]);
+  for (uint32_t index = 0; index < directory[6]; ++index) {
+    if (strcmp((char*)image + Words(directory[8])[index], name) == 0) {
+      const uint16_t ordinal = ((uint16_t*)Words(directory[9]))[index];
+      return image + Words(directory[7])[ordinal];
+    }
+  }
+  fprintf(stderr, "nothing is exported as %s\n", name);
+  exit(1);
+}
+
+/* Never where it was linked to, so that every address is moved. */
+static void LoadLibraryFrom(const char* path) {
+  static uint8_t file[1 << 22];
+  FILE* stream = fopen(path, "rb");
+  Require(stream != NULL && fread(file, 1, sizeof(file), stream) > 0x400, path, 0);
+  fclose(stream);
+  const uint32_t* headers = (uint32_t*)(file + *(uint32_t*)(file + 0x3C));
+  image = mmap(NULL, headers[0x50 / 4], PROT_READ | PROT_WRITE | PROT_EXEC,
+               MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  Require(image != MAP_FAILED, "no memory", 0);
+  memcpy(image, file, headers[0x54 / 4]);
+  const uint32_t* section = (uint32_t*)((uint8_t*)headers + 24 + (headers[0x14 / 4] & 0xFFFF));
+  for (uint32_t count = headers[0x04 / 4] >> 16; count != 0; --count, section += 10) {
+    if (section[5] != 0) {
+      memcpy(image + section[3], file + section[5], section[4]);
+    }
+  }
+  const uint32_t moved = (uint32_t)image - headers[0x34 / 4];
+  const uint32_t relocations = headers[0xA0 / 4];
+  for (uint32_t at = relocations; at < relocations + headers[0xA4 / 4]; at += Words(at)[1]) {
+    for (uint32_t entry = at + 8; entry < at + Words(at)[1]; entry += 2) {
+      const uint16_t relocation = *(uint16_t*)(image + entry);
+      if (relocation >> 12 == 3) {
+        *Words(Words(at)[0] + (relocation & 0xFFF)) += moved;
+      }
+    }
+  }
+  for (uint32_t* library = Words(headers[0x80 / 4]); library[3] != 0; library += 5) {
+    for (uint32_t* address = Words(library[4]); *address != 0; ++address) {
+      *address = (uint32_t)FindImport((char*)image + *address + 2);
+    }
+  }
+}
+
+int main(int argumentCount, char** arguments) {
+  Require(argumentCount == 2, "usage: library_test Kestrel.dll", argumentCount);
+  LoadLibraryFrom(arguments[1]);
+  int(WINDOWS * attach)(void*, uint32_t, void*) = (void*)(image + Headers()[0x28 / 4]);
+  Require(attach(image, 1, NULL) == 1 && allocations == 0, "the library does not attach", 0);
+  int (*open)(void) = FindExport("OpenSMBios");
+  int (*read)(void) = FindExport("ReadSMObjects");
+  int (*toReport)(int, char*) = FindExport("SMObjsToString");
+  int (*toMif)(int, char*) = FindExport("SMObjsToMifString");
+  int (*close)(void) = FindExport("CloseSMBios");
+  int reportLength = 0;
+  int mifLength = 0;
+  int allocationCount = 0;
+  for (int failing = 0; failing <= allocationCount; ++failing) {
+    static char text[1 << 16];
+    allocations = 0;
+    failingAllocation = failing;
+    const int opened = open();
+    const int wasRead = read();
+    const int mif = toMif(sizeof(text), text);
+    const int length = toReport(sizeof(text), text);
+    if (failing == 0) {
+      allocationCount = allocations;
+      reportLength = length;
+      mifLength = mif;
+      Require(opened && wasRead && mif > length && length > (int)sizeof(report), "no text", length);
+      Require(memcmp(text, report, sizeof(report) - 1) == 0, "the report is wrong", length);
+    } else {
+      Require(!opened || !wasRead || mif == 0 || length == 0, "a failure had no result", failing);
+    }
+    failingAllocation = 0;
+    if (opened && (wasRead || read())) {
+      Require(toMif(sizeof(text), text) == mifLength, "the document differs afterwards", failing);
+      Require(toReport(sizeof(text), text) == reportLength, "the report differs afterwards",
+              failing);
+    }
+    close();
+    Require(blocks == 0 && devices == 0, "something is left", failing);
+  }
+  Require(attach(image, 0, NULL) == 1, "the library does not detach", 0);
+  printf("%d allocations, each failed once\n", allocationCount);
+  return 0;
+}
