@@ -14,6 +14,9 @@ constexpr GroupWriter kGroupWriters[] = {
     &SMBiosReader::MakeComponentIDGroup,
     &SMBiosReader::MakeSystemBiosGroup,
     &SMBiosReader::MakeBiosCharacteristicGroup,
+    &SMBiosReader::MakeProcessorGroup,
+    &SMBiosReader::MakeSystemCacheGroup,
+    &SMBiosReader::MakeSystemSlotGroup,
 };
 
 }  // namespace

@@ -120,6 +120,9 @@ class SMBiosReader {
   void MakeComponentIDGroup(std::string& document, int& idCounter) const;
   void MakeSystemBiosGroup(std::string& document, int& idCounter) const;
   void MakeBiosCharacteristicGroup(std::string& document, int& idCounter) const;
+  void MakeProcessorGroup(std::string& document, int& idCounter) const;
+  void MakeSystemCacheGroup(std::string& document, int& idCounter) const;
+  void MakeSystemSlotGroup(std::string& document, int& idCounter) const;
   std::string GetComponentManufacturer() const;
   std::string GetComponentProduct() const;
   std::string GetComponentVersion() const;
