@@ -17,6 +17,8 @@ constexpr GroupWriter kGroupWriters[] = {
     &SMBiosReader::MakeProcessorGroup,
     &SMBiosReader::MakeSystemCacheGroup,
     &SMBiosReader::MakeSystemSlotGroup,
+    &SMBiosReader::MakePhysicalMemoryArrayGroup,
+    &SMBiosReader::MakeMemoryArrayMappedAddressesGroup,
 };
 
 }  // namespace

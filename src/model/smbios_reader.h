@@ -123,6 +123,8 @@ class SMBiosReader {
   void MakeProcessorGroup(std::string& document, int& idCounter) const;
   void MakeSystemCacheGroup(std::string& document, int& idCounter) const;
   void MakeSystemSlotGroup(std::string& document, int& idCounter) const;
+  void MakePhysicalMemoryArrayGroup(std::string& document, int& idCounter) const;
+  void MakeMemoryArrayMappedAddressesGroup(std::string& document, int& idCounter) const;
   std::string GetComponentManufacturer() const;
   std::string GetComponentProduct() const;
   std::string GetComponentVersion() const;

@@ -17,4 +17,33 @@ inline constexpr MifAttribute kFruGroupIndex = {
         "= -1' indicates that the group is not a FRU.",
 };
 
+inline constexpr MifEnumItem kMemoryErrorType[] = {
+    {1, "Other"},
+    {2, "Unknown"},
+    {3, "OK"},
+    {4, "Bad read"},
+    {5, "Parity error"},
+    {6, "Single-bit error"},
+    {7, "Double-bit error"},
+    {8, "Multi-bit error"},
+    {9, "Nibble error"},
+    {10, "Checksum error"},
+    {11, "CRC error"},
+    {12, "Corrected Single-bit error"},
+    {13, "Corrected error"},
+    {14, "Uncorrectable error"},
+};
+
+inline constexpr MifEnumItem kLastErrorUpdate[] = {
+    {1, "Other"},
+    {2, "Unknown"},
+    {3, "No update since last instrumentation start."},
+    {4, "Updated from information obtained prior to instrumentation start."},
+    {5, "Updated during instrumentation run-time."},
+};
+
+inline constexpr MifEnumItem kErrorOperation[] = {
+    {1, "Other"}, {2, "Unknown"}, {3, "Read"}, {4, "Write"}, {5, "Partial write"},
+};
+
 }  // namespace kestrel
