@@ -19,6 +19,8 @@ constexpr GroupWriter kGroupWriters[] = {
     &SMBiosReader::MakeSystemSlotGroup,
     &SMBiosReader::MakePhysicalMemoryArrayGroup,
     &SMBiosReader::MakeMemoryArrayMappedAddressesGroup,
+    &SMBiosReader::MakeMemoryDeviceGroup,
+    &SMBiosReader::MakeMemoryDeviceMappedAddressesGroup,
 };
 
 }  // namespace

@@ -125,6 +125,8 @@ class SMBiosReader {
   void MakeSystemSlotGroup(std::string& document, int& idCounter) const;
   void MakePhysicalMemoryArrayGroup(std::string& document, int& idCounter) const;
   void MakeMemoryArrayMappedAddressesGroup(std::string& document, int& idCounter) const;
+  void MakeMemoryDeviceGroup(std::string& document, int& idCounter) const;
+  void MakeMemoryDeviceMappedAddressesGroup(std::string& document, int& idCounter) const;
   std::string GetComponentManufacturer() const;
   std::string GetComponentProduct() const;
   std::string GetComponentVersion() const;
