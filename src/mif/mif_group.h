@@ -13,7 +13,7 @@ class SMBiosReader;
 // files of the Desktop Management Interface; whatever deviates from them is a field here.
 
 struct MifEnumItem {
-  int Value;
+  std::uint32_t Value;
   std::string_view Text;
 };
 
@@ -34,12 +34,17 @@ inline constexpr std::string_view kEnumeration;
 inline constexpr std::string_view kCommon = "Common";
 inline constexpr std::string_view kSpecific = "Specific";
 
+// Stands in a fixed text for what only a document knows.
+inline constexpr std::string_view kMifGap("\0", 1);
+
 // Default values, as they stand in the document.
 inline constexpr std::string_view kEmptyString = "\"\"";
+// A text of the system described, which one of the group's Values gives.
+inline constexpr std::string_view kSystemText("\"\0\"", 3);
 // The attribute has no Value line.
 inline constexpr std::string_view kNoValue;
 
-// Gives the text that stands between the double quotes of a Value line.
+// Gives a text that stands between the double quotes of a Value line.
 using MifValueGetter = std::string (SMBiosReader::*)() const;
 
 // A description is one text in which "\n" parts the literals that stand on lines of their own.
@@ -52,9 +57,8 @@ struct MifAttribute {
   std::string_view Description = {};
   std::span<const MifEnumItem> Items = {};
   std::string_view EnumWord = kEnumCapitals;
-  std::string_view DescriptionIndent = "\t\t\t";
-  // Takes the place of Value.
-  MifValueGetter GetValue = nullptr;
+  // Stands before each literal of the description but the first.
+  std::string_view ContinuationIndent = "\t\t\t";
 };
 
 // The table code of the BIOS characteristics, which are rows of the first BIOS Information object;
@@ -77,6 +81,8 @@ struct MifGroup {
   std::string_view Key;
   std::string_view Pragma;
   std::span<const MifAttribute> Attributes;
+  // The values of the attributes that have kSystemText, in the order of the attributes.
+  std::span<const MifValueGetter> Values = {};
   // Null for a group that never has a table.
   const MifTable* Table = nullptr;
 };

@@ -16,7 +16,7 @@ namespace kestrel {
 class FirmwareAccess;
 class SMType0Obj;
 class TableCursor;
-struct MifGroup;
+struct MifGroupText;
 struct MifTable;
 
 // The structure table as the firmware handed it over.
@@ -144,7 +144,7 @@ class SMBiosReader {
   static std::size_t SkipString(TableCursor& cursor);
   void AppendObject(std::unique_ptr<const SMObj> object);
 
-  void MakeGroup(const MifGroup& group, std::string& document, int& idCounter) const;
+  void MakeGroup(const MifGroupText& group, std::string& document, int& idCounter) const;
   // Empty, with the counter untouched, when no object gives a row.
   std::string MakeMifTable(const MifTable& table, int& idCounter) const;
   std::string CollectMifRows(std::uint8_t tableCode) const;

@@ -52,15 +52,6 @@ char* CopyPieces(char* target, Pieces pieces) {
 
 }  // namespace
 
-Digits Decimal(std::uint64_t value) {
-  Digits digits;
-  do {
-    digits.Prepend(static_cast<char>('0' + value % 10));
-    value /= 10;
-  } while (value != 0);
-  return digits;
-}
-
 Digits Hex(std::uint64_t value, std::size_t width) {
   Digits digits;
   while (value != 0 || digits.Size() < width) {

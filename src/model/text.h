@@ -14,21 +14,28 @@ namespace kestrel {
 class Digits {
  public:
   // NOLINTNEXTLINE(google-explicit-constructor): a number is one piece of a line like any text.
-  operator std::string_view() const {
+  constexpr operator std::string_view() const {
     return {Characters.data() + First, Characters.size() - First};
   }
 
-  void Prepend(char digit) { Characters[--First] = digit; }
-  std::size_t Size() const { return Characters.size() - First; }
+  constexpr void Prepend(char digit) { Characters[--First] = digit; }
+  constexpr std::size_t Size() const { return Characters.size() - First; }
 
  private:
   // Twenty digits hold the largest 64-bit number.
-  std::array<char, 20> Characters;
+  std::array<char, 20> Characters{};
   std::size_t First = Characters.size();
 };
 
 // Unsigned decimal, without leading zeros.
-Digits Decimal(std::uint64_t value);
+constexpr Digits Decimal(std::uint64_t value) {
+  Digits digits;
+  do {
+    digits.Prepend(static_cast<char>('0' + value % 10));
+    value /= 10;
+  } while (value != 0);
+  return digits;
+}
 
 // Upper-case hexadecimal with leading zeros up to `width` digits; a larger number keeps all its
 // digits.

@@ -1,4 +1,5 @@
 #include "mif/mif_group.h"
+#include "mif/mif_group_text.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -78,7 +79,7 @@ constexpr MifGroup kGroup = {
 }  // namespace
 
 void SMBiosReader::MakeBiosCharacteristicGroup(std::string& document, int& idCounter) const {
-  MakeGroup(kGroup, document, idCounter);
+  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
 }
 
 }  // namespace kestrel

@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "mif/mif_group.h"
+#include "mif/mif_group_text.h"
 #include "model/smbios_reader.h"
 #include "types/type1_system_information.h"
 
@@ -24,23 +25,23 @@ constexpr MifAttribute kAttributes[] = {
     {.Name = "Manufacturer",
      .Storage = kCommon,
      .Type = kDisplayString64,
-     .Description = "Manufacturer of this system.",
-     .GetValue = &SMBiosReader::GetComponentManufacturer},
+     .Value = kSystemText,
+     .Description = "Manufacturer of this system."},
     {.Name = "Product",
      .Storage = kCommon,
      .Type = kDisplayString64,
-     .Description = "Product name for this system.",
-     .GetValue = &SMBiosReader::GetComponentProduct},
+     .Value = kSystemText,
+     .Description = "Product name for this system."},
     {.Name = "Version",
      .Storage = kSpecific,
      .Type = kDisplayString64,
-     .Description = "Version number of this system.",
-     .GetValue = &SMBiosReader::GetComponentVersion},
+     .Value = kSystemText,
+     .Description = "Version number of this system."},
     {.Name = "Serial Number",
      .Storage = kSpecific,
      .Type = kDisplayString64,
-     .Description = "Serial number for this system.",
-     .GetValue = &SMBiosReader::GetComponentSerialNumber},
+     .Value = kSystemText,
+     .Description = "Serial number for this system."},
     {.Name = "Installation",
      .Storage = kSpecific,
      .Type = kDate,
@@ -55,6 +56,13 @@ constexpr MifAttribute kAttributes[] = {
      .Items = kVerify},
 };
 
+constexpr MifValueGetter kValues[] = {
+    &SMBiosReader::GetComponentManufacturer,
+    &SMBiosReader::GetComponentProduct,
+    &SMBiosReader::GetComponentVersion,
+    &SMBiosReader::GetComponentSerialNumber,
+};
+
 constexpr MifGroup kGroup = {
     .Banner = "// Group:           DMTF|ComponentID|001          //",
     .Name = "ComponentID",
@@ -65,6 +73,7 @@ constexpr MifGroup kGroup = {
     .Key = "",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.1.1 ;",
     .Attributes = kAttributes,
+    .Values = kValues,
 };
 
 // What an item text says behind its label, without the blanks that firmware pads strings with.
@@ -87,7 +96,7 @@ std::string ComponentValue(const SMBiosReader& reader,
 }  // namespace
 
 void SMBiosReader::MakeComponentIDGroup(std::string& document, int& idCounter) const {
-  MakeGroup(kGroup, document, idCounter);
+  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
 }
 
 std::string SMBiosReader::GetComponentManufacturer() const {

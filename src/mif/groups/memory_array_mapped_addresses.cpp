@@ -1,4 +1,5 @@
 #include "mif/mif_group.h"
+#include "mif/mif_group_text.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -80,7 +81,7 @@ constexpr MifGroup kGroup = {
 
 void SMBiosReader::MakeMemoryArrayMappedAddressesGroup(std::string& document,
                                                        int& idCounter) const {
-  MakeGroup(kGroup, document, idCounter);
+  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
 }
 
 }  // namespace kestrel

@@ -1,5 +1,6 @@
 #include "mif/groups/shared_data.h"
 #include "mif/mif_group.h"
+#include "mif/mif_group_text.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -50,7 +51,7 @@ constexpr MifAttribute kAttributes[] = {
      .Description = "A string identifying the physically labeled socket or board \n"
                     "position where the memory device is located. E.g. 'SIMM 3' or \n"
                     "'IC12'.",
-     .DescriptionIndent = "\t\t"},  // One tab less than elsewhere: intended.
+     .ContinuationIndent = "\t\t"},  // One tab less than elsewhere: intended.
     {.Name = "Bank Locator",
      .Storage = kSpecific,
      .Type = kDisplayString64,
@@ -211,7 +212,7 @@ constexpr MifGroup kGroup = {
 }  // namespace
 
 void SMBiosReader::MakeMemoryDeviceGroup(std::string& document, int& idCounter) const {
-  MakeGroup(kGroup, document, idCounter);
+  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
 }
 
 }  // namespace kestrel

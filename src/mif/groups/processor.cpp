@@ -1,5 +1,6 @@
 #include "mif/groups/shared_data.h"
 #include "mif/mif_group.h"
+#include "mif/mif_group_text.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -210,7 +211,7 @@ constexpr MifGroup kGroup = {
 }  // namespace
 
 void SMBiosReader::MakeProcessorGroup(std::string& document, int& idCounter) const {
-  MakeGroup(kGroup, document, idCounter);
+  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
 }
 
 }  // namespace kestrel

@@ -1,5 +1,6 @@
 #include "mif/groups/shared_data.h"
 #include "mif/mif_group.h"
+#include "mif/mif_group_text.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -96,7 +97,7 @@ constexpr MifGroup kGroup = {
 }  // namespace
 
 void SMBiosReader::MakeSystemCacheGroup(std::string& document, int& idCounter) const {
-  MakeGroup(kGroup, document, idCounter);
+  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
 }
 
 }  // namespace kestrel

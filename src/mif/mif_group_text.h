@@ -1,0 +1,116 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "mif/mif_group.h"
+#include "model/text.h"
+
+namespace kestrel {
+
+// A group's text as far as it is the same in every document. It is composed when the library is
+// compiled; a document only copies it and fills its gaps.
+struct MifGroupText {
+  // Each kMifGap in it stands for what a document has there: the first for the ID line, which a
+  // group with rows goes without, the others for the values.
+  std::string_view Text;
+  std::span<const MifValueGetter> Values;
+  const MifTable* Table;
+};
+
+// Composes the text of a group, or counts its characters when there is no target to write to.
+class MifGroupComposer {
+ public:
+  constexpr explicit MifGroupComposer(char* target) : Target(target) {}
+
+  // Gives the number of characters.
+  constexpr std::size_t Compose(const MifGroup& group) {
+    Add({kSlashes, group.Banner, "\r\n", kSlashes, "\r\nStart Group\r\n\tName = \"", group.Name,
+         "\"\r\n\tClass = \"", group.Class, "\"\r\n", kMifGap});
+    AddDescription("\t", group.Description, "\t\t");
+    if (!group.Key.empty()) {
+      Add({"\tKey = ", group.Key, "\r\n"});
+    }
+    Add({"\tPragma = \"", group.Pragma, "\"\r\n"});
+    std::uint32_t id = 1;
+    for (const MifAttribute& attribute : group.Attributes) {
+      AddAttribute(attribute, id++);
+    }
+    Add({"End Group\r\n\r\n"});
+    return Size;
+  }
+
+ private:
+  static constexpr std::string_view kSlashes =
+      "////////////////////////////////////////////////////\r\n";
+
+  constexpr void AddAttribute(const MifAttribute& attribute, std::uint32_t id) {
+    Add({"\tStart Attribute\r\n\t\tName = \"", attribute.Name, "\"\r\n\t\tID = ", Decimal(id),
+         "\r\n"});
+    AddDescription("\t\t", attribute.Description, attribute.ContinuationIndent);
+    Add({"\t\tAccess = Read-Only\r\n\t\tStorage = ", attribute.Storage, "\r\n"});
+    AddType(attribute);
+    if (attribute.Value != kNoValue) {
+      Add({"\t\tValue = ", attribute.Value, "\r\n"});
+    }
+    Add({"\tEnd Attribute\r\n"});
+  }
+
+  constexpr void AddDescription(std::string_view indent, std::string_view description,
+                                std::string_view continuationIndent) {
+    Add({indent, "Description = "});
+    for (;;) {
+      const std::size_t end = description.find('\n');
+      Add({"\"", description.substr(0, end), "\"\r\n"});
+      if (end == std::string_view::npos) {
+        return;
+      }
+      description.remove_prefix(end + 1);
+      Add({continuationIndent});
+    }
+  }
+
+  constexpr void AddType(const MifAttribute& attribute) {
+    if (attribute.Type != kEnumeration) {
+      Add({"\t\tType = ", attribute.Type, "\r\n"});
+      return;
+    }
+    Add({"\t\tType = Start ", attribute.EnumWord, "\r\n"});
+    for (const MifEnumItem& item : attribute.Items) {
+      Add({"\t\t\t", Decimal(item.Value), " = \"", item.Text, "\"\r\n"});
+    }
+    Add({"\t\tEnd ", attribute.EnumWord, "\r\n"});
+  }
+
+  constexpr void Add(Pieces pieces) {
+    for (const std::string_view piece : pieces) {
+      if (Target != nullptr) {
+        std::copy(piece.begin(), piece.end(), Target + Size);
+      }
+      Size += piece.size();
+    }
+  }
+
+  char* Target;
+  std::size_t Size = 0;
+};
+
+template <const MifGroup& Group>
+inline constexpr auto kMifGroupCharacters = [] {
+  std::array<char, MifGroupComposer(nullptr).Compose(Group)> characters{};
+  MifGroupComposer(characters.data()).Compose(Group);
+  return characters;
+}();
+
+template <const MifGroup& Group>
+inline constexpr MifGroupText kMifGroupText = {
+    .Text = {kMifGroupCharacters<Group>.data(), kMifGroupCharacters<Group>.size()},
+    .Values = Group.Values,
+    .Table = Group.Table,
+};
+
+}  // namespace kestrel
