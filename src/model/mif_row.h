@@ -1,12 +1,11 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
 #include <string_view>
-
-#include "model/text.h"
 
 namespace kestrel {
 
@@ -14,16 +13,19 @@ namespace kestrel {
 // quotes and otherwise unchanged. A string must outlive the field.
 class MifField {
  public:
-  template <std::unsigned_integral Number>
+  template <std::unsigned_integral Integer>
   // NOLINTNEXTLINE(google-explicit-constructor): a row is written as the list of its values.
-  MifField(Number value) : Value(Decimal(value)) {}
+  MifField(Integer value) : Number(value) {}
   // NOLINTNEXTLINE(google-explicit-constructor): as above.
   MifField(std::string_view text) : Text(text), Quoted(true) {}
 
-  void AppendTo(std::string& row) const;
+  // How many characters WriteTo writes at most.
+  std::size_t GetMostCharacters() const;
+  // Gives the position behind what it wrote.
+  char* WriteTo(char* position) const;
 
  private:
-  Digits Value;
+  std::uint64_t Number = 0;
   std::string_view Text;
   bool Quoted = false;
 };
