@@ -1,0 +1,104 @@
+#include <gmock/gmock.h>
+
+#include "model/smbios_reader.h"
+#include "tests/mif/mif_grammar.h"
+#include "tests/support/tables.h"
+#include "tools/kestrel/sample.h"
+
+namespace kestrel {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+Bytes Bios(const Bytes& characteristics) {
+  return Structure(0, Join({{1, 2, 0x00, 0xF0, 3, 7}, characteristics}),
+                   {"Maker", "1.07", "05/14/2002"});
+}
+
+TEST(MifDocumentTest, HasTenGroupsBeforeAnythingIsRead) {
+  EXPECT_EQ(SMBiosReader().ObjsToMifString(), ExpectedText("empty.mif"));
+}
+
+TEST(MifDocumentTest, FollowsTheGrammar) {
+  EXPECT_EQ(FaultOf(SMBiosReader().ObjsToMifString()), "");
+  EXPECT_EQ(FaultOf(MifOf(MakeSampleTable(), kSampleVersion)), "");
+}
+
+TEST(MifDocumentTest, HasNoCharacteristicsTableWithoutCharacteristics) {
+  // All but the features that the table lists.
+  EXPECT_THAT(MifOf(Bios({0x0F, 0x00, 0xFC, 0x7F, 0xFF, 0xFF, 0xFF, 0xFF})),
+              HasSubstr("\tClass = \"DMTF|BIOS Characteristic|003\"\r\n\tID = 3\r\n"));
+}
+
+TEST(MifDocumentTest, CutsTheReleaseDateOfTheBios) {
+  ExpectMifRows(
+      Bios(Bytes(8)),
+      {
+          {0x08, {3}, R"({0,"Maker","1.07",512,61440,0,"","20020514000000.000000-300",1})"},
+          {0x08, {2}, R"({0,"Maker","1.07",512,61440,0,"","1.7000000.000000-300",1})"},
+          {0x08, {1}, R"({0,"Maker","1.07",512,61440,0,"","Maer000000.000000-300",1})"},
+          {0x08, {0}, R"({0,"Maker","1.07",512,61440,0,"","20000101000000.000000-300",1})"},
+      });
+}
+
+TEST(MifGrammarTest, FindsEachFault) {
+  const std::string document = MifOf(Bios({0x10, 0, 0, 0, 0, 0, 0, 0}));
+  ASSERT_EQ(FaultOf(document), "");
+  const struct {
+    std::string_view Piece;
+    std::string_view Replacement;
+    std::string_view Fault;
+  } cases[] = {
+      // Blocks.
+      {"\tEnd Attribute\r\n", "", "end expected, not start"},
+      {"End Group", "End Table", "group expected, not table"},
+      {"End Component", "", "end expected, not "},
+      {"End Component", "End Component End", "text behind the component"},
+      {"Start Group\r\n\tName = \"Memory Device Mapped Addresses\"", "End Component //",
+       "not ten groups"},
+      // Statements.
+      {"\tKey = 1\r\n", "\tKey = 1\r\n\tKey = 1\r\n", "no statement, or a second one: key"},
+      {"\tName = \"System BIOS\"\r\n", "", "a block without all of its statements"},
+      {"\t\tID = 1\r\n", "", "a block without all of its statements"},
+      {"Storage = Common", "Storage = Shared", "no storage: shared"},
+      {"Type = Date", "Type = Day", "no type: day"},
+      {"Class = \"DMTF|System BIOS|001\"", "Class = \"DMTF|System BIOS\"", "no class of 3 parts"},
+      {"Key = 1, 2", "Key = 1, 5", "no such key"},
+      // Texts.
+      {R"("BIOS Index")", R"("BIOS Index)", "a string does not end"},
+      {R"("BIOS Index")", R"("BIOS \Index")", "a string does not end"},
+      {R"("BIOS Index")", R"(BIOS)", "no string: bios"},
+      {"// Group", "/ Group", "no statement, or a second one: /"},
+      // IDs.
+      {"\r\n\tID = 4\r\n", "\r\n\tID = 5\r\n", "not the ID 4"},
+      {"Table\"\r\n\tID = 2", "Table\"\r\n\tID = 3", "not the ID 2"},
+      {"\t\tID = 2\r\n", "\t\tID = 3\r\n", "not the ID 2"},
+      // Tables and their templates.
+      {"\r\n\tID = 4\r\n", "\r\n", "table expected, not group"},
+      {"Class = \"DMTF|System BIOS|001\"", "Class = \"DMTF|System BIOS|001\" ID = 2",
+       "group expected, not table"},
+      {"CLASS = \"DMTF|System BIOS|001\"", "CLASS = \"DMTF|System BIOS|002\"",
+       "not the class of the template"},
+      {",61440,0,", ",61440,", "no number: \"\""},
+      {R"(000000-300",1})", R"(000000-300"})", "too few fields"},
+      {R"(000000-300",1})", R"(000000-300",1,1})", "too many fields"},
+      // Forms of values.
+      {R"({0,"Maker")", R"({0,1)", "no string: 1"},
+      {R"({0,"Maker")", R"({"0","Maker")", "no number: \"0\""},
+      {R"("1.07",512)", R"("1.07",4294967296)", "too large a number"},
+      {"Type = Integer\r\n\t\tValue = 0", "Type = Integer\r\n\t\tValue = \"\"", "no number: \"\""},
+      {"\t\t\t2 = \"Unknown\"", "\t\t\t1 = \"Unknown\"", "an item twice"},
+      {"Value = 5", "Value = 8", "no item of the enumeration"},
+  };
+  for (const auto& test : cases) {
+    std::string broken = document;
+    const std::size_t position = broken.find(test.Piece);
+    ASSERT_NE(position, std::string::npos) << test.Piece;
+    broken.replace(position, test.Piece.size(), test.Replacement);
+    EXPECT_THAT(FaultOf(broken), StartsWith(test.Fault)) << test.Piece;
+  }
+}
+
+}  // namespace
+}  // namespace kestrel
