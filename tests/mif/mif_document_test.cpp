@@ -25,6 +25,58 @@ TEST(MifDocumentTest, FollowsTheGrammar) {
   EXPECT_EQ(FaultOf(MifOf(MakeSampleTable(), kSampleVersion)), "");
 }
 
+TEST(MifDocumentTest, DescribesTheSample) {
+  EXPECT_EQ(MifOf(MakeSampleTable(), kSampleVersion), ExpectedText("sample.mif"));
+}
+
+// Two or more structures of each type that gives rows, and others between them: rows and system
+// texts come in table order, whatever else is there.
+TEST(MifDocumentTest, DescribesManyStructures) {
+  const Bytes none = Bytes(8);
+  const Bytes table = Join({
+      Structure(4,
+                Join({{1, 3, 11, 2},
+                      none,
+                      {3, 0x8F, 0x64, 0, 0xFF, 0xFF, 0xC2, 0x01, 0x47, 0xFF},
+                      {0, 7, 1, 7, 0xFF, 0xFF, 0, 0, 0}}),
+                {"Socket", "Maker", "Version A"}),
+      Structure(11, {1}, {"no row"}),
+      // Write through, 1024 KB in units of 64; a level that no cache has.
+      Structure(7, {1, 0x07, 0x00, 0, 0, 0x10, 0x80, 0, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0}, {"L"}),
+      Structure(9, {1, 0xA0, 5, 3, 4, 0x34, 0x12, 0, 0}, {"Slot A"}),
+      Structure(0, Join({{1, 2, 0xFF, 0xFF, 3, 0xFF}, Bytes(8, 0xFF)}),
+                {" Maker", "1.0", "05/14/02"}),
+      // 512 KB.
+      Structure(17, {0, 0x10, 0xFE, 0xFF, 0xFF, 0xFF, 64, 0, 0x00, 0x82, 0xFF, 0xFE,
+                     2, 0,    0x12, 0xFF, 0xFF, 0,    1,  0, 0,    0,    0},
+                {"not shown", "DIMM A"}),
+      Structure(127, {}),
+      Structure(16, {0x0A, 3, 6, 0, 0, 0, 0x80, 0xFE, 0xFF, 0xFF, 0xFF}),
+      Structure(1, Join({{1, 2, 0, 3}, Bytes(16), {6}}), {" Maker \t ", "A : B", "  "}),
+      Structure(19, {0, 0, 0, 0x80, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0x10, 0xFF}),
+      Structure(20, {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 3, 0, 0, 0, 0, 0, 0xFF, 0xFE, 0xFD}),
+      // The operational mode that varies.
+      Structure(7, {0, 0x02, 0x02, 0, 0, 0xFF, 0x7F, 0, 0, 0, 0, 0, 0, 0, 0}),
+      Structure(4, Join({{0, 0xFF, 0xFE, 0}, none, {0, 0, 0, 0, 0, 0, 0, 0, 0x40, 6}, Bytes(9)})),
+      // Megabytes unknown.
+      Structure(17,
+                {0, 0, 0, 0, 72, 0, 64, 0, 0xFF, 0xFF, 9, 0, 1, 2, 7, 0x80, 0, 0x85, 0, 3, 0, 0, 0},
+                {"DIMM B", "Bank B", "Maker"}),
+      Structure(0, {0, 4, 0x00, 0xF0, 9, 0, 0x10, 0, 0, 0, 0, 0, 0, 0}, {"A", "B", "C"}),
+      Structure(19, {0, 0, 4, 0, 0xFF, 0xFF, 7, 0, 0, 0, 2}),
+      Structure(9, {0, 0, 0xFF, 0, 0, 0, 0, 0, 0}),
+      Structure(200, {1, 2, 3}, {"no reader"}),
+      Structure(20, {1, 0, 0, 0, 2, 0, 0, 0, 9, 9, 9, 9, 3, 2, 1}),
+      Structure(16, Bytes(11)),
+      Structure(1, Bytes(21), {"no text of the document"}),
+      // The operational mode that is unknown, all sizes at their most.
+      Structure(7, {0, 0x00, 0x03, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 0, 10, 6, 3, 0}),
+  });
+  const std::string document = MifOf(table);
+  EXPECT_EQ(document, ExpectedText("many.mif"));
+  EXPECT_EQ(FaultOf(document), "");
+}
+
 TEST(MifDocumentTest, HasNoCharacteristicsTableWithoutCharacteristics) {
   // All but the features that the table lists.
   EXPECT_THAT(MifOf(Bios({0x0F, 0x00, 0xFC, 0x7F, 0xFF, 0xFF, 0xFF, 0xFF})),
