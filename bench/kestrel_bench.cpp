@@ -88,6 +88,7 @@ double SecondsOfWarmCopy(std::size_t size) {
 double SecondsOfFreshCopy(std::size_t size) {
   const std::string source(size, 'x');
   return SecondsOf([&] {
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the copy is what is timed.
     const std::string target(source);
     benchmark::DoNotOptimize(target.data());
   });
@@ -140,42 +141,42 @@ Table MixedTableOf(const benchmark::State& state) {
   return MixedTable(static_cast<std::size_t>(state.range(0)) * 1024);
 }
 
-void BM_Walk(benchmark::State& state) {
+void TimeWalk(benchmark::State& state) {
   const Table table = MixedTableOf(state);
   Measure(state, table.size(), [&] { return Walk(table); });
 }
 
-void BM_Report(benchmark::State& state) {
+void TimeReport(benchmark::State& state) {
   const Table table = MixedTableOf(state);
   SMBiosReader reader;
   reader.WalkTable(table);
   Measure(state, table.size(), [&] { return Report(reader); });
 }
 
-void BM_Document(benchmark::State& state) {
+void TimeDocument(benchmark::State& state) {
   const Table table = MixedTableOf(state);
   SMBiosReader reader;
   reader.WalkTable(table);
   Measure(state, table.size(), [&] { return Document(reader); });
 }
 
-void BM_Everything(benchmark::State& state) {
+void TimeEverything(benchmark::State& state) {
   const Table table = MixedTableOf(state);
   Measure(state, table.size(), [&] { return Everything(table); });
 }
 
 // Counts that are kept, and the same counts with nothing behind them.
-void BM_Counts(benchmark::State& state, std::uint8_t type, const Table& fields,
-               const std::vector<std::string_view>& strings) {
+void TimeCounts(benchmark::State& state, std::uint8_t type, const Table& fields,
+                const std::vector<std::string_view>& strings) {
   const Table table = UniformTable(type, fields, strings);
   Measure(state, table.size(), [&] { return Everything(table); });
 }
 
 void RegisterBenchmarks() {
-  for (const auto& [name, function] : {std::pair{"walk", &BM_Walk},
-                                       {"report", &BM_Report},
-                                       {"document", &BM_Document},
-                                       {"everything", &BM_Everything}}) {
+  for (const auto& [name, function] : {std::pair{"walk", &TimeWalk},
+                                       {"report", &TimeReport},
+                                       {"document", &TimeDocument},
+                                       {"everything", &TimeEverything}}) {
     benchmark::RegisterBenchmark(name, function)->Arg(1)->Arg(4)->Arg(16)->Arg(64);
   }
   // Memory Controller, OEM Strings and Memory Channel: the count at its place, then the list.
@@ -183,7 +184,7 @@ void RegisterBenchmarks() {
   const auto counts = [](const char* name, std::uint8_t type, const Table& fields,
                          const std::vector<std::string_view>& texts) {
     benchmark::RegisterBenchmark(
-        name, [=](benchmark::State& state) { BM_Counts(state, type, fields, texts); });
+        name, [=](benchmark::State& state) { TimeCounts(state, type, fields, texts); });
   };
   const Table slots = {6, 8, 3, 3, 9, 12, 0, 0, 5, 2, 120};
   counts("honest slots", 5, Filled(slots, 11 + 240), {});

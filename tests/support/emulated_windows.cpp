@@ -19,14 +19,18 @@ std::uintptr_t NumberOf(const void* handle) { return reinterpret_cast<std::uintp
 
 std::string Text(std::uintptr_t number) { return std::string(Hex(number, 1)); }
 std::string Text(const void* handle) { return Text(NumberOf(handle)); }
-std::string Text(const char* text) { return text != nullptr ? '"' + std::string(text) + '"' : "0"; }
+std::string Text(const char* text) {
+  std::string quoted;
+  Append(quoted, text != nullptr ? Pieces{"\"", text, "\""} : Pieces{"0"});
+  return quoted;
+}
 
 // A call as it is recorded.
 template <typename... Arguments>
 std::string Call(const char* name, Arguments... arguments) {
   std::string call = name;
   const char* separator = "(";
-  ((call += separator + Text(arguments), separator = ", "), ...);
+  ((Append(call, {separator, Text(arguments)}), separator = ", "), ...);
   return call + ")";
 }
 
