@@ -9,7 +9,7 @@
 
 enum { kPoolTag = 0x72746550 }; /* "Petr" */
 
-/* What an open handle keeps; its requests come one at a time. */
+/* What an open handle keeps. Its requests may come from several threads. */
 typedef struct Opening {
   KMUTEX Mutex;
   PhysicalWindow Window;
@@ -70,14 +70,22 @@ static NTSTATUS MakeOpening(const IO_STACK_LOCATION* request) {
   return STATUS_SUCCESS;
 }
 
+static WindowAnswer Answer(Opening* opening, const IO_STACK_LOCATION* request, const void* input,
+                           PhysicalRange* range) {
+  KeWaitForSingleObject(&opening->Mutex, Executive, KernelMode, FALSE, NULL);
+  const WindowAnswer answer =
+      AnswerWindowRequest(&opening->Window, request->Parameters.DeviceIoControl.IoControlCode,
+                          input, request->Parameters.DeviceIoControl.InputBufferLength,
+                          request->Parameters.DeviceIoControl.OutputBufferLength, range);
+  KeReleaseMutex(&opening->Mutex, FALSE);
+  return answer;
+}
+
 static NTSTATUS Control(Opening* opening, const IO_STACK_LOCATION* request, void* buffer,
                         ULONG_PTR* written) {
-  const ULONG code = request->Parameters.DeviceIoControl.IoControlCode;
-  const ULONG inputLength = request->Parameters.DeviceIoControl.InputBufferLength;
-  const ULONG outputLength = request->Parameters.DeviceIoControl.OutputBufferLength;
   PhysicalRange range;
   NTSTATUS status = STATUS_SUCCESS;
-  switch (AnswerWindowRequest(&opening->Window, code, buffer, inputLength, outputLength, &range)) {
+  switch (Answer(opening, request, buffer, &range)) {
     case WindowNoted:
       return STATUS_SUCCESS;
     case WindowCopy:
@@ -114,9 +122,7 @@ static NTSTATUS NTAPI DispatchControl(DEVICE_OBJECT* device, IRP* irp) {
     return Complete(irp, STATUS_INVALID_HANDLE, 0);
   }
   ULONG_PTR written = 0;
-  KeWaitForSingleObject(&opening->Mutex, Executive, KernelMode, FALSE, NULL);
   const NTSTATUS status = Control(opening, request, irp->AssociatedIrp.SystemBuffer, &written);
-  KeReleaseMutex(&opening->Mutex, FALSE);
   return Complete(irp, status, written);
 }
 
