@@ -56,7 +56,9 @@ bool WaitFor(const ServiceHandle& service, DWORD wantedState) {
   for (int poll = 0; poll < kPolls; ++poll) {
     Sleep(kPollInterval);
     DWORD state = 0;
-    if (Interrogate(service, state) && state == wantedState) {
+    // A service that does not run any more may refuse to answer, and still says so by its state.
+    const bool answered = Interrogate(service, state) || state == SERVICE_STOPPED;
+    if (answered && state == wantedState) {
       return true;
     }
   }

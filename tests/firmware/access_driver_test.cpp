@@ -48,6 +48,11 @@ void LeftStopped(EmulatedWindows& windows) {
   windows.Services["Petrel"] = {R"(D:\Other\Petrel.sys)", SERVICE_STOPPED};
 }
 
+void LeftRunningAndRefusingOnceStopped(EmulatedWindows& windows) {
+  LeftRunning(windows);
+  windows.StoppedServicesAnswer = false;
+}
+
 void StuckInStopping(EmulatedWindows& windows) {
   LeftRunning(windows);
   windows.MillisecondsToStop = EmulatedWindows::kNever;
@@ -169,6 +174,7 @@ CloseServiceHandle(6)
       {WindowsXP, find + create(R"(C:\Host\Petrel.sys)") + startAndRemove},
       {LeftStopped, find + interrogate + startAndRemove},
       {LeftRunning, find + interrogate + stop + startAndRemove},
+      {LeftRunningAndRefusingOnceStopped, find + interrogate + stop + startAndRemove},
       {WindowsVista, detect},
       {Win32s, detect},
   };

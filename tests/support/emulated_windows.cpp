@@ -242,7 +242,7 @@ BOOL ControlService(SC_HANDLE service, DWORD control, SERVICE_STATUS* status) {
     entry->Due = machine->Clock + machine->MillisecondsToStop;
   }
   status->dwCurrentState = entry->State;
-  return TRUE;
+  return entry->State != SERVICE_STOPPED || machine->StoppedServicesAnswer ? TRUE : FALSE;
 }
 
 BOOL DeleteService(SC_HANDLE service) {

@@ -50,6 +50,8 @@ struct EmulatedWindows {
   std::map<std::string, Service> Services;
   DWORD MillisecondsToStart = 500;
   DWORD MillisecondsToStop = 500;
+  // Whether a service that is stopped answers with success, beside telling its state.
+  bool StoppedServicesAnswer = true;
   SparseMemory Memory;
   // What the driver says it copied, where that is not the truth.
   std::optional<DWORD> ReportedBytes;
