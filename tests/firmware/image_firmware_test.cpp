@@ -65,6 +65,7 @@ Outcome Read(const Bytes& image, ImageKind kind) {
   if (reader.OpenAccess() != 0) {
     EXPECT_EQ(reader.ReadTable(), 1);
   }
+  reader.CloseAccess();
   EXPECT_EQ(std::remove(path.c_str()), 0);
   return {firmware.GetProblem(),    firmware.GetKind(),     reader.GetSpecVersion(),
           reader.BuildTextReport(), firmware.IsShortened(), firmware.IsCut()};

@@ -2,6 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#if defined(_WIN32)
+#define LINE_END "\r\n"
+#else
+#define LINE_END "\n"
+#endif
+
 namespace kestrel {
 namespace {
 
@@ -10,9 +16,9 @@ TEST(ConsoleTextTest, IsUtf8WithoutControlCharacters) {
     std::string_view Text;
     std::string_view Console;
   } cases[] = {
-      {"Title\r\n\tItem : ~\r\n", "Title\n\tItem : ~\n"},
+      {"Title\r\n\tItem : ~\r\n", "Title" LINE_END "\tItem : ~" LINE_END},
       {"\x1B[2J\x07\x7F", "\uFFFD[2J\uFFFD\uFFFD"},
-      {"\r\r\n\n\r", "\uFFFD\n\uFFFD\uFFFD"},
+      {"\r\r\n\n\r", "\uFFFD" LINE_END "\uFFFD\uFFFD"},
       {"MMX\x99 \xAE \xE9 \x80 \x9F \xA0 \xFF", "MMX™ ® é € Ÿ \u00A0 ÿ"},
       {"\x81\x8D\x8F\x90\x9D", "\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"},
   };
