@@ -11,7 +11,6 @@ import sys
 import tempfile
 import time
 
-KESTREL = sys.argv[1]
 PATIENCE = 120
 
 BIOS = "type=0,vendor=Merlin Firmware,version=4.2-K,date=03/14/2001,release=4.2"
@@ -88,7 +87,7 @@ def save_first_megabyte(options, path, folder):
 
 
 def tool(*arguments):
-    result = subprocess.run([KESTREL, *arguments], capture_output=True, check=False)
+    result = subprocess.run([sys.argv[1], *arguments], capture_output=True, check=False)
     if result.returncode != 0 or result.stderr:
         raise SystemExit(f"FAILED: {arguments}: {result.returncode}, {result.stderr.decode()}")
     return result.stdout.decode("utf-8")
@@ -132,4 +131,5 @@ def main():
         )
 
 
-main()
+if __name__ == "__main__":
+    main()
