@@ -1,18 +1,20 @@
 #!/bin/sh
-# Compares what Kestrel.dll of both widths says of itself with what it has to say. The argument is
-# the folder that holds the build folders mingw32 and mingw64.
+# Compares what Kestrel.dll and the drivers of both widths say of themselves with what they have to
+# say. The argument is the folder that holds the build folders mingw32 and mingw64.
 set -eu
 build=$1
+for preset in mingw32 mingw64; do
+  [ -e "$build/$preset/src/Kestrel.dll" ] || { echo "skipped: $preset is not built"; exit 77; }
+done
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-status=0
 
 # Whatever is on standard input should not be there.
 refuse() {
   if grep . >"$work/refused"; then
     echo "$1:"
     cat "$work/refused"
-    status=1
+    touch "$work/failed"
   fi
 }
 
@@ -35,7 +37,7 @@ describe() {
 check_library() {
   cat - "$work/exports" >"$work/wanted"
   describe >"$work/found"
-  diff -u --label "$1, wanted" --label "$1, found" "$work/wanted" "$work/found" || status=1
+  diff -u --label "$1, wanted" --label "$1, found" "$work/wanted" "$work/found" || touch "$work/failed"
   for function in $2; do echo "$function"; done >"$work/allowed"
   awk '/DLL Name:/ { library = $3 }
     library && $2 ~ /^[0-9]+$/ && NF == 3 { print library ":" $3 }
@@ -103,11 +105,77 @@ DllCharacteristics 00000160
 has resources
 END
 
-i686-w64-mingw32-objdump -d --no-show-raw-insn "$build/mingw32/src/Kestrel.dll" |
+# Takes what is to be found, all of it, from standard input.
+check_driver() {
+  cat >"$work/wanted"
+  x86_64-w64-mingw32-objdump -p "$build/$1" >"$work/headers"
+  {
+    sed -n -E 's/.*file format //p
+      s/^(Major|Minor)SubsystemVersion\t/\1SubsystemVersion /p
+      s/^Subsystem\t+0+([0-9]+)\t.*/Subsystem \1/p
+      s/^DllCharacteristics\t/DllCharacteristics /p
+      s/^Entry 2 0*[1-9a-f].*/has resources/p
+      s/^Entry 5 0*[1-9a-f].*/can be moved/p' "$work/headers"
+    awk '/DLL Name:/ { library = $3 }
+      library && $2 ~ /^[0-9]+$/ && NF == 3 { print library ":" $3 }
+      /^$/ { library = "" }' "$work/headers"
+  } >"$work/found"
+  diff -u --label "$1, wanted" --label "$1, found" "$work/wanted" "$work/found" || touch "$work/failed"
+  # Windows loads no driver whose checksum is wrong: the sum of its 16-bit words, with the carries
+  # added and without the checksum itself, and its length.
+  checksum=$(sed -n 's/^CheckSum\t\t/0x/p' "$work/headers")
+  words=$(od -A n -v -t u2 "$build/$1" | awk -v sum=$(((checksum & 65535) + (checksum >> 16))) '
+    { for (i = 1; i <= NF; ++i) total += $i }
+    END { total -= sum; while (total > 65535) total = total % 65536 + int(total / 65536); print total }')
+  [ $((words + $(wc -c <"$build/$1"))) -eq $((checksum)) ] || echo "$checksum" | refuse "$1, checksum"
+}
+
+# Windows NT 4 has all of these.
+windowsNT4="$(in_library ntoskrnl.exe ExAllocatePoolWithTag ExFreePool IoCreateDevice \
+  IoCreateSymbolicLink IoDeleteDevice IoDeleteSymbolicLink IofCompleteRequest KeAttachProcess \
+  KeDetachProcess KeInitializeMutex KeReleaseMutex KeWaitForSingleObject PsInitialSystemProcess \
+  SeAccessCheck SeSinglePrivilegeCheck ZwClose ZwMapViewOfSection ZwOpenSection \
+  ZwUnmapViewOfSection)"
+
+check_driver mingw32/drivers/PetrelNt.sys <<END
+pei-i386
+MajorSubsystemVersion 4
+MinorSubsystemVersion 0
+Subsystem 1
+DllCharacteristics 00000000
+has resources
+can be moved
+$windowsNT4
+END
+
+check_driver mingw32/drivers/Petrel.sys <<END
+pei-i386
+MajorSubsystemVersion 5
+MinorSubsystemVersion 0
+Subsystem 1
+DllCharacteristics 00000000
+has resources
+can be moved
+$windowsNT4
+END
+
+check_driver mingw64/drivers/Petrel.sys <<END
+pei-x86-64
+MajorSubsystemVersion 5
+MinorSubsystemVersion 2
+Subsystem 1
+DllCharacteristics 00000100
+has resources
+can be moved
+$windowsNT4
+END
+
+find "$build/mingw32/src" "$build/mingw32/drivers" -name '*.obj' \
+  -exec i686-w64-mingw32-objdump -d --no-show-raw-insn {} + |
   grep -E '\b(f?cmov[a-z]+|fu?comip?|sysenter|nop[wl] .*\()|%[xy]?mm[0-7]' |
   refuse "instructions that no Pentium has"
 
 find "$build/mingw32/src" -name '*.obj' -exec i686-w64-mingw32-objdump -h {} + |
   grep -E '\.ctors|\.CRT|\.tls' | refuse "constructed at load, when there is no startup code"
 
-exit "$status"
+[ ! -e "$work/failed" ]
