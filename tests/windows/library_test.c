@@ -141,7 +141,11 @@ static void* FindExport(const char* name) {
 static void LoadLibraryFrom(const char* path) {
   static uint8_t file[1 << 22];
   FILE* stream = fopen(path, "rb");
-  Require(stream != NULL && fread(file, 1, sizeof(file), stream) > 0x400, path, 0);
+  if (stream == NULL) {
+    printf("skipped: there is no %s\n", path);
+    exit(77);
+  }
+  Require(fread(file, 1, sizeof(file), stream) > 0x400, path, 0);
   fclose(stream);
   const uint32_t* headers = (uint32_t*)(file + *(uint32_t*)(file + 0x3C));
   image = mmap(NULL, headers[0x50 / 4], PROT_READ | PROT_WRITE | PROT_EXEC,
