@@ -15,6 +15,7 @@
 #include <string>
 #include <string_view>
 #include <sys/resource.h>
+#include <utility>
 #include <vector>
 
 #include "model/smbios_reader.h"
@@ -27,15 +28,13 @@ using kestrel::SMBiosReader;
 using Clock = std::chrono::steady_clock;
 using Table = std::vector<std::uint8_t>;
 
-constexpr std::size_t kLargestTable = 65535;
 constexpr std::size_t kLargerThanCaches = 256UL * 1024UL * 1024UL;
 
 double SecondsSince(Clock::time_point start) {
   return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
-// The sample's structures again and again, as many whole samples as fit, the rest of them zeros
-// away: a part of the sample for a table shorter than it.
+// The sample's structures again and again, cut at `size` bytes.
 Table MixedTable(std::size_t size) {
   const Table sample = kestrel::MakeSampleTable();
   // A string set that is not empty, so that the next sample's first byte is not taken for padding.
@@ -45,7 +44,7 @@ Table MixedTable(std::size_t size) {
     table.insert(table.end(), sample.begin(), sample.end());
     kestrel::AppendStructure(table, 200, 0, {}, kStrings);
   }
-  table.resize(std::min(size, kLargestTable));
+  table.resize(std::min(size, kestrel::kLongestTable));
   return table;
 }
 
@@ -53,7 +52,7 @@ Table MixedTable(std::size_t size) {
 Table UniformTable(std::uint8_t type, const Table& fields,
                    std::span<const std::string_view> strings) {
   Table table;
-  while (table.size() + 600 < kLargestTable) {
+  while (table.size() + 600 < kestrel::kLongestTable) {
     kestrel::AppendStructure(table, type, 0, fields, strings);
   }
   return table;
@@ -151,7 +150,7 @@ void TimeEverything(benchmark::State& state) {
   Measure(state, table.size(), [&] { return Everything(table); });
 }
 
-// Counts that are kept, and the same counts with nothing behind them.
+// Announced counts that are true, or the same counts with nothing behind them.
 void TimeCounts(benchmark::State& state, std::uint8_t type, const Table& fields,
                 const std::vector<std::string_view>& strings) {
   const Table table = UniformTable(type, fields, strings);
@@ -191,7 +190,7 @@ long PeakKilobytes() {
 
 int main(int argc, char** argv) {
   const long idle = PeakKilobytes();
-  Everything(MixedTable(kLargestTable));
+  Everything(MixedTable(kestrel::kLongestTable));
   std::cout << "memory for everything of 64 KiB, above the idle process: " << PeakKilobytes() - idle
             << " KiB\n";
   benchmark::Initialize(&argc, argv);

@@ -15,6 +15,8 @@
  * The result is 0, and nothing is written, when the function fails, when the size is below 1, or
  * when there is no buffer. An empty text gives 0 as well, and a zero in the first byte.
  *
+ * Without enough memory a function fails and leaves everything as it was.
+ *
  * Texts are Windows-1252; every line ends with CR LF. Strings of the firmware are copied unchanged
  * and may hold any byte but zero.
  */
@@ -51,8 +53,8 @@ KESTREL_API int32_t KESTREL_CALL GetSMBiosVersion(int32_t bufferSize, char* buff
 KESTREL_API const void* KESTREL_CALL GetSMType0Obj(void);
 
 /* Makes a fresh reader, in place of an earlier one, which is closed and destroyed first, and opens
-   the firmware access: 1, or 0 when the access can not be opened. The reader is there in either
-   case; CloseSMBios destroys it. */
+   the firmware access: 1, or 0 when the access cannot be opened or there is no memory for a reader.
+   A reader whose access did not open is there all the same; CloseSMBios destroys it. */
 KESTREL_API int32_t KESTREL_CALL OpenSMBios(void);
 
 /* Copies the structure table and adds its structures behind those that an earlier call read: 1, or

@@ -33,7 +33,7 @@ static NTSTATUS CopyFromSection(HANDLE section, const PhysicalRange* range, void
  * area or in memory that the firmware keeps, but where it lies in memory that Windows manages,
  * MmMapIoSpace would give its pages a second mapping with a caching of its own, which Windows XP
  * may answer with a bug check. The section takes the caching that the pages have, and an error
- * comes back where it can not. It is there from Windows NT 4 on.
+ * comes back where it cannot. It is there from Windows NT 4 on.
  *
  * The view and the handle are made in the system process. In the host's, its other threads could
  * use either while they exist, or take the view away under the copy.

@@ -29,7 +29,7 @@ static PhysicalView PagesOf(const void* buffer, Unsigned32 length) {
   return ViewOfRange(&range, PAGE_BYTES);
 }
 
-/* Pages that are not there can not be locked; a fault at one would stop Windows. */
+/* Pages that are not there cannot be locked; a fault at one would stop Windows. */
 int LockBuffer(const void* buffer, Unsigned32 length) {
   const PhysicalView pages = PagesOf(buffer, length);
   return length - 1 <= 0xFFFFFFFFu - (Unsigned32)buffer &&

@@ -36,7 +36,7 @@ Unsigned32 AnswerSkuaRequest(const SkuaRequest* request, Unsigned32* written);
 /*
  * For the driver to define. A locked buffer is there, and stays where it is until it is unlocked;
  * the result is 0 for one that is not there. The copy is given a locked buffer as long as the
- * range, and gives 0 when it can not be made.
+ * range, and gives 0 when it cannot be made.
  */
 int LockBuffer(const void* buffer, Unsigned32 length);
 void UnlockBuffer(const void* buffer, Unsigned32 length);

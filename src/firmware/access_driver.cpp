@@ -100,7 +100,7 @@ int AccessDriver::Open() {
   }
 }
 
-int AccessDriver::Close() {
+int AccessDriver::Close() noexcept {
   switch (OsPlatform) {
     case Platform::Windows95:
     case Platform::Windows98:

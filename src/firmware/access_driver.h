@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <memory>
+#include <span>
 #include <string_view>
 
 #include "firmware/firmware_access.h"
@@ -24,11 +26,12 @@ enum class Platform : std::int32_t {
 // program, started, and removed again on Close.
 class AccessDriver final : public FirmwareAccess {
  public:
-  // Blocks for a second or more where a service is to be started or stopped, at most some twenty.
+  // Blocks for a second or more where a service is to be started or stopped, at most for some
+  // twenty seconds.
   int Open() override;
   // On Windows NT 4, 2000 and XP the result is that of removing the service, which is tried whether
   // or not Open got as far as installing it.
-  int Close() override;
+  int Close() noexcept override;
   // 0 when any of the requests to the driver fails; the buffer is then as the driver left it.
   std::uint32_t ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) override;
 

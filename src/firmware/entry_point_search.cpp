@@ -32,7 +32,9 @@ int SMBiosReader::FindEntryPoint() {
       continue;
     }
     // The structure may begin near the end of its chunk, so it is read again from its start.
-    Access->ReadPhysical(address + static_cast<std::uint32_t>(offset), chunk);
+    if (Access->ReadPhysical(address + static_cast<std::uint32_t>(offset), chunk) == 0) {
+      continue;
+    }
     TableCursor cursor(chunk);
     EntryPoint.emplace().Parse(cursor);
     return 1;

@@ -17,9 +17,13 @@ std::error_code FileReader::Open(const std::string& path, bool& notAFile) {
   if (error) {
     return error;
   }
+  Stream.close();
   errno = 0;
   Stream.open(path, std::ios::binary);
-  return Stream ? std::error_code() : std::error_code(errno, std::generic_category());
+  if (Stream) {
+    return {};
+  }
+  return {errno != 0 ? errno : EIO, std::generic_category()};
 }
 
 std::size_t FileReader::Read(std::uint64_t offset, std::span<std::uint8_t> buffer) {

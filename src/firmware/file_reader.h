@@ -14,7 +14,7 @@ namespace kestrel {
 class FileReader {
  public:
   // The error of the system, or none. Anything but a regular file is refused as well: `notAFile`
-  // tells it from a file that can not be opened.
+  // tells it from a file that cannot be opened.
   std::error_code Open(const std::string& path, bool& notAFile);
   void Close() { Stream.close(); }
   bool IsOpen() const { return Stream.is_open(); }

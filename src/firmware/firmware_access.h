@@ -18,9 +18,9 @@ class FirmwareAccess {
 
   virtual int Open() = 0;
   // Safe in any state, after a failed Open as well.
-  virtual int Close() = 0;
+  virtual int Close() noexcept = 0;
   // Copies the bytes from physical address `address` on into `buffer`. Gives the number of bytes
-  // copied, from the first one on without a gap; 0 when the access is closed or the address can not
+  // copied, from the first one on without a gap; 0 when the access is closed or the address cannot
   // be read.
   virtual std::uint32_t ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) = 0;
 };

@@ -17,9 +17,6 @@ constexpr std::uint64_t kAddressSpace = 0x100000000;
 constexpr std::uint64_t kFirstMegabyte = 0x100000;
 constexpr std::uint64_t kBiosAreaSize = kBiosAreaEnd - kBiosAreaStart;
 
-// Bounds what a 64-bit entry point or a header can make the image load.
-constexpr std::size_t kLargestLoad = 16UL * 1024UL * 1024UL;
-
 constexpr std::size_t kRsmbHeaderSize = 8;
 
 // A structure has at least its header: type, length, handle.
@@ -60,7 +57,7 @@ int ImageFirmware::Open() {
   return Problem == ImageProblem::None ? 1 : 0;
 }
 
-int ImageFirmware::Close() {
+int ImageFirmware::Close() noexcept {
   File.Close();
   PresentNothing();
   IsMemory = false;

@@ -19,7 +19,7 @@ enum class ImageKind {
   Raw,     // a bare structure table of at most 65,535 bytes
 };
 
-// Why an image can not be used.
+// Why an image cannot be used.
 enum class ImageProblem {
   None,
   CannotOpen,     // GetError tells why
@@ -40,9 +40,9 @@ class ImageFirmware final : public TableFirmware {
   // `rawVersion` is the version that a raw table is read as; the other kinds carry their own.
   ImageFirmware(std::string path, ImageKind kind, SmbiosVersion rawVersion);
 
-  // 0 when the image can not be used; GetProblem then tells why.
+  // 0 when the image cannot be used; GetProblem then tells why.
   int Open() override;
-  int Close() override;
+  int Close() noexcept override;
   std::uint32_t ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) override;
 
   ImageProblem GetProblem() const { return Problem; }

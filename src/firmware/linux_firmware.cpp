@@ -15,9 +15,6 @@ namespace {
 constexpr const char* kEntryPointFile = "/sys/firmware/dmi/tables/smbios_entry_point";
 constexpr const char* kTableFile = "/sys/firmware/dmi/tables/DMI";
 
-// Far more than any firmware has; keeps a broken file from taking all memory.
-constexpr std::size_t kLargestTable = 16UL * 1024UL * 1024UL;
-
 bool ReadKernelFile(const char* path, std::size_t limit, std::vector<std::uint8_t>& bytes) {
   FileReader file;
   bool notAFile = false;
@@ -38,7 +35,7 @@ int LinuxFirmware::Open() {
     return 0;
   }
   std::vector<std::uint8_t> table;
-  const std::size_t announced = std::min<std::size_t>(facts.TableLength, kLargestTable);
+  const std::size_t announced = std::min<std::size_t>(facts.TableLength, kLargestLoad);
   if (!ReadKernelFile(kTableFile, announced, table)) {
     return 0;
   }
@@ -46,7 +43,7 @@ int LinuxFirmware::Open() {
   return 1;
 }
 
-int LinuxFirmware::Close() {
+int LinuxFirmware::Close() noexcept {
   PresentNothing();
   return 1;
 }

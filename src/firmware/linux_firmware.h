@@ -8,10 +8,10 @@ namespace kestrel {
 // /sys/firmware/dmi/tables. Reading them takes root.
 class LinuxFirmware final : public TableFirmware {
  public:
-  // 0 when the kernel publishes no tables, they can not be read, or there is no known entry point
+  // 0 when the kernel publishes no tables, they cannot be read, or there is no known entry point
   // in them.
   int Open() override;
-  int Close() override;
+  int Close() noexcept override;
 };
 
 }  // namespace kestrel

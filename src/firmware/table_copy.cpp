@@ -1,3 +1,9 @@
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
 #include "firmware/firmware_access.h"
 #include "model/smbios_reader.h"
 
@@ -9,7 +15,7 @@ SMBiosReader::~SMBiosReader() = default;
 
 int SMBiosReader::OpenAccess() { return Access ? Access->Open() : 0; }
 
-int SMBiosReader::CloseAccess() { return Access ? Access->Close() : 0; }
+int SMBiosReader::CloseAccess() noexcept { return Access ? Access->Close() : 0; }
 
 std::optional<TableCopy> SMBiosReader::CopyTable() {
   if (!EntryPoint && FindEntryPoint() == 0) {
@@ -31,13 +37,7 @@ int SMBiosReader::ReadTable() {
   if (!copy) {
     return 0;
   }
-  const auto earlier = static_cast<std::ptrdiff_t>(Objects.size());
-  try {
-    WalkTable(copy->Bytes);
-  } catch (...) {
-    Objects.erase(Objects.begin() + earlier, Objects.end());
-    throw;
-  }
+  WalkTable(copy->Bytes);
   return 1;
 }
 

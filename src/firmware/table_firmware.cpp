@@ -1,13 +1,11 @@
 #include "firmware/table_firmware.h"
 
 #include <algorithm>
-#include <array>
 #include <numeric>
 #include <string_view>
 #include <utility>
 
 #include "firmware/entry_point_search.h"
-#include "model/sm_entry_point.h"
 #include "model/table_cursor.h"
 #include "model/table_walk.h"
 
@@ -51,14 +49,15 @@ void AppendInteger(std::vector<std::uint8_t>& bytes, std::uint64_t value, std::s
 }
 
 struct TableSize {
-  // Behind the last whole structure that ends at or before the limit.
+  // Behind the last structure that ends at or before the limit.
   std::size_t Bytes = 0;
   std::uint16_t Structures = 0;
   std::uint16_t LargestStructure = 0;
   bool HasEndOfTable = false;
 };
 
-// Measures whole structures up to `limit`, or up to the first End-of-Table structure if asked to.
+// Measures structures, one cut by the end of the table among them, up to `limit`, or up to the
+// first End-of-Table structure if asked to.
 TableSize MeasureTable(std::span<const std::uint8_t> table, std::size_t limit,
                        bool stopAtEndOfTable) {
   TableSize size;
@@ -145,6 +144,8 @@ TableFirmware::TableFirmware(SmbiosVersion version, std::vector<std::uint8_t> ta
 
 void TableFirmware::Present(const EntryPointFacts& facts, std::vector<std::uint8_t> table) {
   std::size_t length = facts.TableLength;
+  Shortened = false;
+  Cut = false;
   if (facts.Is64Bit || length > kLongestTable) {
     // A 64-bit entry point announces no more than a bound; the table's own end says how long it is.
     const TableSize whole = MeasureTable(table, table.size(), facts.Is64Bit);

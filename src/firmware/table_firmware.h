@@ -7,6 +7,7 @@
 
 #include "firmware/firmware_access.h"
 #include "firmware/sparse_memory.h"
+#include "model/sm_entry_point.h"
 
 namespace kestrel {
 
@@ -33,7 +34,10 @@ enum class EntryPointParse { NotThere, Cut, Parsed };
 EntryPointParse ParseEntryPoint(std::span<const std::uint8_t> bytes, EntryPointFacts& facts);
 
 // The most bytes that an entry point of either kind takes.
-inline constexpr std::size_t kLargestEntryPoint = 256;
+inline constexpr std::size_t kLargestEntryPoint = SMEntryPoint::kSize;
+
+// Far more than any firmware has: bounds what a 64-bit entry point or a header can have loaded.
+inline constexpr std::size_t kLargestLoad = 16UL * 1024UL * 1024UL;
 
 // The most bytes that a 32-bit entry point can announce.
 inline constexpr std::size_t kLongestTable = 65535;
@@ -52,7 +56,7 @@ class TableFirmware : public FirmwareAccess {
   TableFirmware(SmbiosVersion version, std::vector<std::uint8_t> table);
 
   int Open() override { return 1; }
-  int Close() override { return 1; }
+  int Close() noexcept override { return 1; }
   std::uint32_t ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) override;
 
   // Whether the table had more whole structures than a 32-bit entry point can announce, so that the

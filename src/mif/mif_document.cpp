@@ -1,3 +1,6 @@
+#include <cstddef>
+#include <string>
+
 #include "model/smbios_reader.h"
 #include "model/text.h"
 

@@ -8,7 +8,7 @@
 
 namespace kestrel {
 
-// What firmware stores for a reading that it can not give.
+// What firmware stores for a reading that it cannot give.
 inline constexpr std::uint16_t kUnknownReading = 0x8000;
 
 // Adds the item of a reading: the number as it is stored, with the unit right behind it.

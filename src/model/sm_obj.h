@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -10,8 +11,7 @@ namespace kestrel {
 
 // One decoded structure of the table: its header, its string set, and the two renderings through
 // which the rest of the library uses it without knowing its type. Filled by its reader, then only
-// read. Layout of a structure: DMTF DSP0134,
-// "Structure header format" and "Text strings".
+// read. Layout of a structure: DMTF DSP0134, "Structure header format" and "Text strings".
 class SMObj {
  public:
   SMObj() = default;
@@ -38,7 +38,7 @@ class SMObj {
   void SetStringCount(std::uint8_t count) { StringCount = count; }
   std::uint8_t GetStringCount() const { return StringCount; }
 
-  // Room for as many strings.
+  // Makes room for `count` strings.
   void ReserveStrings(std::size_t count) { Strings.reserve(count); }
   void AddString(std::string_view text) { Strings.emplace_back(text); }
 

@@ -37,7 +37,7 @@ void SMBiosReader::CollectStrings(SMObj& object, TableCursor& cursor) const {
 }
 
 std::size_t SMBiosReader::SkipString(TableCursor& cursor) {
-  cursor.Skip(cursor.String().size() + 1);
+  cursor.SkipString();
   return cursor.GetPosition();
 }
 

@@ -30,7 +30,8 @@ struct TableCopy {
 // renders them. Every member is defined where its subject lives: the readers of structure types in
 // types/, the parts of the MIF document in mif/, the way to the table in firmware/.
 //
-// Any member may throw std::bad_alloc; the reader is then as it was before the call.
+// Any member but CloseAccess may throw std::bad_alloc; the list of objects is then as it was before
+// the call.
 class SMBiosReader {
  public:
   // Without an access the reader never finds a table; WalkTable works all the same.
@@ -44,7 +45,7 @@ class SMBiosReader {
 
   // Opens and closes the access: 1, or 0 when it fails or there is none.
   int OpenAccess();
-  int CloseAccess();
+  int CloseAccess() noexcept;
   // Finds the entry point in the BIOS area and keeps its record: 1, or 0 when there is none.
   int FindEntryPoint();
   // The record, or nullptr as long as none was found.
@@ -143,6 +144,9 @@ class SMBiosReader {
   // Moves past the end of one string; gives the new position.
   static std::size_t SkipString(TableCursor& cursor);
   void AppendObject(std::unique_ptr<const SMObj> object);
+
+  // The walk itself; where it fails, it leaves what it appended.
+  void AppendObjects(std::span<const std::uint8_t> table);
 
   void MakeGroup(const MifGroupText& group, std::string& document, int& idCounter) const;
   // Empty, with the counter untouched, when no object gives a row.

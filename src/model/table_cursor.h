@@ -23,6 +23,8 @@ class TableCursor {
 
   void MoveTo(std::size_t position) { Position = position; }
   void Skip(std::size_t count) { Position += count; }
+  // Moves past the next zero byte.
+  void SkipString() { Skip(String().size() + 1); }
 
   // The byte `ahead` of the position; the position stays.
   std::uint8_t Peek(std::size_t ahead = 0) const {

@@ -80,7 +80,7 @@ void SkipStringSet(TableCursor& cursor) {
   }
   // Each string ends in a zero; the one behind the last string's closes the set.
   do {
-    cursor.Skip(cursor.String().size() + 1);
+    cursor.SkipString();
   } while (cursor.Peek() != 0);
   cursor.Skip(1);
 }
@@ -95,6 +95,16 @@ void MoveToNextStructure(TableCursor& cursor, std::size_t structureStart) {
 }
 
 void SMBiosReader::WalkTable(std::span<const std::uint8_t> table) {
+  const auto earlier = static_cast<std::ptrdiff_t>(Objects.size());
+  try {
+    AppendObjects(table);
+  } catch (...) {
+    Objects.erase(Objects.begin() + earlier, Objects.end());
+    throw;
+  }
+}
+
+void SMBiosReader::AppendObjects(std::span<const std::uint8_t> table) {
   TableCursor cursor(table);
   while (!cursor.IsAtEnd()) {
     StructureStart = cursor.GetPosition();

@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <string>
 
 #include "model/smbios_reader.h"
 
@@ -12,7 +14,7 @@ constexpr std::array<std::uint8_t, 5> kTypesLeftOut = {16, 17, 19, 20, 32};
 
 // Most reports fit into what this gives, so that a report is one allocation; one that does not
 // grows. The bound keeps a table of nothing but headers from asking for more than any report takes.
-constexpr std::size_t kUsualBlockSize = 384;
+constexpr std::size_t kBytesPerObject = 384;
 constexpr std::size_t kLargestReserve = 1024UL * 1024UL;
 
 bool IsLeftOut(std::uint8_t type) {
@@ -23,7 +25,7 @@ bool IsLeftOut(std::uint8_t type) {
 
 std::string SMBiosReader::BuildTextReport() const {
   std::string report;
-  report.reserve(std::min(Objects.size() * kUsualBlockSize, kLargestReserve));
+  report.reserve(std::min(Objects.size() * kBytesPerObject, kLargestReserve));
   for (const auto& object : Objects) {
     if (!IsLeftOut(object->GetType())) {
       report.append(object->ToString());

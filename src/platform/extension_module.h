@@ -21,7 +21,7 @@ int AfxInitExtensionModule(ExtensionModule& module, HINSTANCE handle);
 // Takes the module, initialised or not, back to where it was before.
 void AfxTermExtensionModule(ExtensionModule& module);
 
-// The part that an initialised module plays in its process. Lives as long as the library is loaded.
+// Registers an initialised module, for as long as the library is loaded.
 class CDynLinkLibrary {
  public:
   explicit CDynLinkLibrary(ExtensionModule& module) { module.Library = this; }

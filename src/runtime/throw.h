@@ -4,7 +4,7 @@
 // runtime is built for later processors and imports what that system lacks or only pretends to
 // have, so the library brings the little of it that it needs.
 //
-// All that is ever thrown is that something can not be had: memory, mostly. An exception is
+// All that is ever thrown is that something cannot be had: memory, mostly. An exception is
 // therefore a fact without an object and without a type. `catch (...)` catches it; a typed catch,
 // or the throw of an object, does not link.
 

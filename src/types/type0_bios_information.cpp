@@ -1,6 +1,5 @@
 #include "types/type0_bios_information.h"
 
-#include <algorithm>
 #include <memory>
 #include <span>
 #include <utility>
@@ -170,7 +169,7 @@ std::string SMType0Obj::ToString() const {
 
 std::string SMType0Obj::GetMifTableRow(int& /*rowIndex*/) const {
   const std::string_view date = GetString(BiosReleaseDate);
-  // A date string can not be empty: the string set would have ended there.
+  // A date string cannot be empty: the string set would have ended there.
   const std::string mifDate = date.empty() ? std::string(kMissingMifDate) : MifDate(date);
   return MifRow({0U, GetString(Vendor), GetString(BiosVersion), GetRomSize(),
                  BiosStartingAddressSegment, 0U, kEmptyMifString, std::string_view(mifDate), 1U});

@@ -31,7 +31,7 @@ class SMType18Obj final : public SMMemoryErrorObj {
 std::string SMType18Obj::ToString() const {
   TextBlock block("32-bit Memory Error Information (Type 18)");
   AddCommonItems(block);
-  // Digits alone, also for what the firmware can not tell: intended.
+  // Digits alone, also for what the firmware cannot tell: intended.
   block.Item({"Memory Array Error Address : ", Hex(MemoryArrayErrorAddress, 8)});
   block.Item({"Device Error Address : ", Hex(DeviceErrorAddress, 8)});
   block.Item({"Error Resolution : ", Hex(ErrorResolution, 8)});

@@ -29,7 +29,7 @@ class SMType33Obj final : public SMMemoryErrorObj {
   std::uint64_t MemoryArrayErrorAddress = 0;
 };
 
-// The upper 32 bits of a number that the firmware can not give; the bits below them do not count.
+// The upper 32 bits of a number that the firmware cannot give; the bits below them do not count.
 constexpr std::uint32_t kNotGiven = 0x80000000;
 
 void AddNumber(TextBlock& block, std::string_view label, std::uint64_t number, unsigned bits) {

@@ -30,7 +30,7 @@ class MachineAccess final : public TableFirmware {
     IsOpen = machine.Opens;
     return IsOpen ? 1 : 0;
   }
-  int Close() override {
+  int Close() noexcept override {
     IsOpen = false;
     ++machine.Closed;
     return 1;

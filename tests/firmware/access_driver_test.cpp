@@ -215,7 +215,7 @@ TEST(AccessDriverTest, FindsTheDriverBesideTheHost) {
 
 TEST(AccessDriverTest, EndsCleanWhicheverCallFails) {
   const std::string load = "xxxrrrrx";
-  const std::string read = "ooorrrooo";
+  const std::string read = "ooooooooo";
   const std::string close = "rRRrRrr";
   const struct {
     Preparation Machine;

@@ -18,7 +18,7 @@ class ScriptedFirmware final : public FirmwareAccess {
   explicit ScriptedFirmware(SparseMemory& memory) : Memory(memory) {}
 
   int Open() override { return 1; }
-  int Close() override { return 1; }
+  int Close() noexcept override { return 1; }
   std::uint32_t ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) override {
     return Memory.Read(address, buffer);
   }

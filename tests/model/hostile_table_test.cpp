@@ -55,9 +55,8 @@ std::size_t ReadAndRender(std::span<const std::uint8_t> table) {
 TEST(HostileTableTest, NoPrefixIsReadPastItsEnd) {
   const Bytes sample = MakeSampleTable();
   GuardedBuffer buffer(sample.size());
-  const std::size_t empty = ReadAndRender({});
   for (std::size_t size = 0; size <= sample.size(); ++size) {
-    EXPECT_GE(ReadAndRender(buffer.Place(std::span(sample).first(size))), empty - 100) << size;
+    EXPECT_GT(ReadAndRender(buffer.Place(std::span(sample).first(size))), 0U) << size;
   }
 }
 

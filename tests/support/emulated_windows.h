@@ -56,7 +56,7 @@ struct EmulatedWindows {
   // What the driver says it copied, where that is not the truth.
   std::optional<DWORD> ReportedBytes;
 
-  // The number, from 0 on, of a call that fails. A handle that can not be closed is gone all the
+  // The number, from 0 on, of a call that fails. A handle that cannot be closed is gone all the
   // same.
   std::optional<std::size_t> FailingCall;
 

@@ -59,8 +59,8 @@ head -c 20 dump >cut-in-entry-point
 mkdir folder
 again=": save the image again"
 unknown=" is no image of this kind: name a saved image, or its kind with --format"
-expect 1 "'missing' can not be read (No such file or directory): name a file that can" report --image missing
-expect 1 "'' can not be read (No such file or directory): name a file that can" report --image ''
+expect 1 "'missing' cannot be read (No such file or directory): name a file that can" report --image missing
+expect 1 "'' cannot be read (No such file or directory): name a file that can" report --image ''
 expect 1 "'folder' is not a file: name a saved image" report --image folder
 expect 1 "'/dev/zero' is not a file: name a saved image" report --image /dev/zero
 expect 1 "'empty' is empty$again" report --image empty
@@ -85,15 +85,15 @@ if [ "$(id -u)" -eq 0 ]; then
   # Root may read anything, so somebody else has to fail.
   chmod 755 . && cp dump secret && chmod 000 secret
   setpriv --reuid=65534 --clear-groups "$kestrel" report --image secret >out 2>err
-  [ "$?/$(cat err)" = "1/kestrel: 'secret' can not be read (Permission denied): name a file that can" ] ||
+  [ "$?/$(cat err)" = "1/kestrel: 'secret' cannot be read (Permission denied): name a file that can" ] ||
     fail "no permission: said '$(cat err)'"
 fi
 
 write=": write to a place that takes it"
-expect 1 "'nowhere/x' can not be written (No such file or directory)$write" report --sample -o nowhere/x
-expect 1 "'folder' can not be written (Is a directory)$write" report --sample -o folder
+expect 1 "'nowhere/x' cannot be written (No such file or directory)$write" report --sample -o nowhere/x
+expect 1 "'folder' cannot be written (Is a directory)$write" report --sample -o folder
 "$kestrel" mif --sample >/dev/full 2>err
-[ "$?/$(cat err)" = "1/kestrel: standard output can not be written (No space left on device)$write" ] ||
+[ "$?/$(cat err)" = "1/kestrel: standard output cannot be written (No space left on device)$write" ] ||
   fail "full device: said '$(cat err)'"
 
 # A reader that goes away is no failure.
@@ -117,7 +117,7 @@ expect 1 "'folder' can not be written (Is a directory)$write" report --sample -o
 echo earlier >kept
 (ulimit -f 1; trap '' XFSZ; "$kestrel" mif --sample -o kept) 2>err
 [ "$(cat kept*)" = earlier ] || fail "a failed write changed its target"
-[ "$(cat err)" = "kestrel: 'kept' can not be written (File too large)$write" ] ||
+[ "$(cat err)" = "kestrel: 'kept' cannot be written (File too large)$write" ] ||
   fail "file too large: said '$(cat err)'"
 
 for image in dump rsmb; do

@@ -177,6 +177,14 @@ def test_tool(machine):
             machine.native(*command, "--image", dump),
             machine.native(*command, "--sample"),
         )
+    # A tool that fails leaves no service either.
+    machine.expect_tool(
+        ["report", "-o", r"C:\nowhere\report"],
+        1,
+        "kestrel: 'C:\\nowhere\\report' cannot be written (No such file or directory): "
+        "write to a place that takes it\n",
+    )
+    machine.expect_host("service", "service none\n")
     machine.expect_tool(["report", "--sample", "--exact", "-o", r"C:\report"], 0, "")
     expect("report", machine.read("report"), machine.native("report", "--sample", "--exact"))
 

@@ -3,8 +3,11 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <optional>
 #include <string_view>
+#include <system_error>
+#include <vector>
 
 #include "tools/kestrel/tool_error.h"
 

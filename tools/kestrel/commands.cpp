@@ -1,6 +1,5 @@
 #include "tools/kestrel/commands.h"
 
-#include <string_view>
 #include <utility>
 
 #include "model/text.h"
@@ -56,7 +55,6 @@ std::vector<std::string> RunCommand(const CommandLine& line) {
   } else {
     WriteToStandardOutput(text);
   }
-  source.Reader->CloseAccess();
   return std::move(source.Warnings);
 }
 

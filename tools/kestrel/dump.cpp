@@ -1,6 +1,7 @@
 #include "tools/kestrel/dump.h"
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace kestrel {

@@ -28,7 +28,7 @@ constexpr const char* kCreateNew = "wbx";
 #endif
 
 [[noreturn]] void ThrowCannotWrite(const std::string& target, const std::error_code& error) {
-  throw ToolError(target + " can not be written (" + error.message() +
+  throw ToolError(target + " cannot be written (" + error.message() +
                   "): write to a place that takes it");
 }
 

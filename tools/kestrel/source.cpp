@@ -43,14 +43,14 @@ constexpr ProblemText kProblemTexts[] = {
 
 std::string TextOfProblem(const ImageFirmware& image) {
   if (image.GetProblem() == ImageProblem::CannotOpen) {
-    return " can not be read (" + image.GetError().message() + "): name a file that can";
+    return " cannot be read (" + image.GetError().message() + "): name a file that can";
   }
   for (const ProblemText& row : kProblemTexts) {
     if (row.Problem == image.GetProblem()) {
       return row.Text;
     }
   }
-  return " can not be used: save the image again";
+  return " cannot be used: save the image again";
 }
 
 void WarnOfPresentation(const FirmwareAccess& access, OpenedSource& source) {
@@ -96,7 +96,7 @@ OpenedSource OpenSource(const SourceOptions& options) {
   std::unique_ptr<FirmwareAccess> owned = MakeAccess(options);
   const FirmwareAccess& access = *owned;
   OpenedSource source;
-  source.Reader = std::make_unique<SMBiosReader>(std::move(owned));
+  source.Reader.reset(new SMBiosReader(std::move(owned)));
   if (source.Reader->OpenAccess() == 0) {
     throw ToolError(TextOfFailure(options, access));
   }

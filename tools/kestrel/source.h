@@ -20,9 +20,17 @@ struct SourceOptions {
   bool Sample = false;
 };
 
+// A reader whose access is closed with it, so that no driver stays behind, whatever goes wrong.
+struct ReaderCloser {
+  void operator()(SMBiosReader* reader) const {
+    reader->CloseAccess();
+    delete reader;
+  }
+};
+
 // Tables that were found, with the reader that found them.
 struct OpenedSource {
-  std::unique_ptr<SMBiosReader> Reader;
+  std::unique_ptr<SMBiosReader, ReaderCloser> Reader;
   TableCopy Table;
   // What a person should know of the table, one line each.
   std::vector<std::string> Warnings;

@@ -8,7 +8,7 @@ namespace kestrel {
 // What the tool's process returns.
 enum class ExitCode {
   Done = 0,
-  // No SMBIOS to be had: no access, no entry point, an image of no use, or an output that can not
+  // No SMBIOS to be had: no access, no entry point, an image of no use, or an output that cannot
   // be written.
   Failed = 1,
   WrongUsage = 2,
