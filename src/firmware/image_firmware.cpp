@@ -174,6 +174,9 @@ ImageProblem ImageFirmware::LoadDump() {
   if (facts.TableLength == 0) {
     return ImageProblem::TableEmpty;
   }
+  if (facts.TableAddress < facts.Size) {
+    return ImageProblem::TableOutside;
+  }
   return PresentFromFile(facts, facts.TableAddress);
 }
 

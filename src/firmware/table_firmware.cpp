@@ -91,6 +91,7 @@ EntryPointParse ParseEntryPoint(std::span<const std::uint8_t> bytes, EntryPointF
       return EntryPointParse::Cut;
     }
     facts.Is64Bit = true;
+    facts.Size = kEntryPoint64Size;
     cursor.MoveTo(0x07);
     facts.Version.Major = cursor.U8();
     facts.Version.Minor = cursor.U8();
@@ -108,6 +109,7 @@ EntryPointParse ParseEntryPoint(std::span<const std::uint8_t> bytes, EntryPointF
   SMEntryPoint record;
   record.Parse(cursor);
   facts.Is64Bit = false;
+  facts.Size = SMEntryPoint::kSize;
   facts.Version = {record.GetMajorVersion(), record.GetMinorVersion()};
   facts.TableLength = record.GetTableLength();
   facts.TableAddress = record.GetTableAddress();
@@ -139,7 +141,10 @@ std::vector<std::uint8_t> MakeEntryPoint(SmbiosVersion version, std::uint32_t ta
 
 TableFirmware::TableFirmware(SmbiosVersion version, std::vector<std::uint8_t> table) {
   const auto length = static_cast<std::uint32_t>(table.size());
-  Present({version, 0, length, false}, std::move(table));
+  EntryPointFacts facts;
+  facts.Version = version;
+  facts.TableLength = length;
+  Present(facts, std::move(table));
 }
 
 void TableFirmware::Present(const EntryPointFacts& facts, std::vector<std::uint8_t> table) {

@@ -24,6 +24,8 @@ struct EntryPointFacts {
   // For a 64-bit entry point the most that the table may take, else what it takes.
   std::uint32_t TableLength = 0;
   bool Is64Bit = false;
+  // The bytes that the entry point itself takes.
+  std::size_t Size = 0;
 };
 
 enum class EntryPointParse { NotThere, Cut, Parsed };

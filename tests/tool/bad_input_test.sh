@@ -28,14 +28,16 @@ expect() {
 usage=": see 'kestrel --help'"
 expect 2 "a command is missing$usage"
 expect 2 "there is no command frob$usage" frob
-expect 2 "there is no command --frob$usage" --frob
+expect 2 "options stand behind the command$usage" --frob
+expect 2 "options stand behind the command$usage" --image x report
+usage=": see 'kestrel report --help'"
 expect 2 "The following argument was not expected: --frob$usage" report --frob
-expect 2 "The following argument was not expected: more$usage" list --sample more
-expect 2 "FILE is required$usage" save
+expect 2 "The following argument was not expected: more$usage" report --sample more
+expect 2 "FILE is required: see 'kestrel save --help'" save
 expect 2 "--image: 1 required FILE missing$usage" report --image
 expect 2 "--format: takes auto, memory, dump, rsmb or raw$usage" report --image x --format jpeg
 expect 2 "--format requires --image$usage" report --format raw
-expect 2 "--image excludes --sample$usage" mif --image x --sample
+expect 2 "--image excludes --sample$usage" report --image x --sample
 for version in 2 2.x 2.300 -1.0 2. .3 2.3.1 ' 2.3' ''; do
   expect 2 "--smbios-version: takes a version like 2.3$usage" report --image x --smbios-version "$version"
 done
@@ -56,9 +58,12 @@ head -c 20 dump >cut-in-entry-point
 { entry_point 6 4096; end_of_table; } >outside
 { entry_point 0 32; end_of_table; } >no-length
 { printf '\x00\x02\x03\x00'; le 4 6; end_of_table; } >rsmb
+{ entry_point 6 16; end_of_table; } >overlapping
 mkdir folder
+mkfifo fifo
 again=": save the image again"
-unknown=" is no image of this kind: name a saved image, or its kind with --format"
+unknown=" is no image of a known kind: name a saved image, or its kind with --format"
+other=" is not of the kind that --format names: leave it to be recognised"
 expect 1 "'missing' cannot be read (No such file or directory): name a file that can" report --image missing
 expect 1 "'' cannot be read (No such file or directory): name a file that can" report --image ''
 expect 1 "'folder' is not a file: name a saved image" report --image folder
@@ -74,9 +79,13 @@ expect 1 "'sparse' is too large: an image ends below 4 GiB, a raw table at 65,53
 expect 1 "'cut-in-entry-point' ends inside its entry point$again" bios --image cut-in-entry-point
 expect 1 "'outside' does not hold the table that its entry point names: save an image that does" \
   list --image outside
+expect 1 "'overlapping' does not hold the table that its entry point names: save an image that does" \
+  report --image overlapping
+expect 1 "'fifo' is not a file: name a saved image" report --image fifo
+expect 1 "'new?line' cannot be read (No such file or directory): name a file that can" report --image $'new\nline'
 expect 1 "'no-length' has a table of no bytes$again" report --image no-length
 for format in memory rsmb; do
-  expect 1 "'dump'$unknown" report --image dump --format $format
+  expect 1 "'dump'$other" report --image dump --format $format
 done
 expect 1 "'zeros-1m' is too large: an image ends below 4 GiB, a raw table at 65,535 bytes" \
   report --image zeros-1m --format raw
@@ -119,6 +128,17 @@ echo earlier >kept
 [ "$(cat kept*)" = earlier ] || fail "a failed write changed its target"
 [ "$(cat err)" = "kestrel: 'kept' cannot be written (File too large)$write" ] ||
   fail "file too large: said '$(cat err)'"
+
+# A link is followed, whether or not there is something at its end, and a file keeps its mode.
+chmod 640 kept
+ln -s kept link
+ln -s new dangling
+for target in link dangling; do
+  "$kestrel" report --image dump -o $target || fail "not written to $target"
+  [ "$(readlink $target)/$(cat "$(readlink $target)")" = "$(readlink $target)/${end_block%$'\n'}" ] ||
+    fail "written to $target: $(cat $target)"
+done
+[ "$(stat --format %a kept)" = 640 ] || fail "another mode"
 
 for image in dump rsmb; do
   [ "$("$kestrel" report --image $image)" = "${end_block%$'\n'}" ] || fail "$image is not shown"

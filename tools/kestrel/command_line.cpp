@@ -102,6 +102,7 @@ constexpr CommandRow kCommands[] = {
 void AddOptions(CLI::App& app, Command command, CommandLine& line) {
   if (command == Command::Save) {
     app.add_option("FILE", line.Output, "Where the dump goes")->required()->type_name("");
+    app.parse_complete_callback([&line] { line.Source.MachineOnly = true; });
     return;
   }
   AddSource(app, line.Source);
@@ -117,12 +118,17 @@ void AddOptions(CLI::App& app, Command command, CommandLine& line) {
 // CLI11's message as the tool's one line: what went wrong, then what to do.
 std::string UsageMessage(const CLI::App& app, const CLI::ParseError& error) {
   const std::vector<std::string> rest = app.remaining();
+  const auto commands = app.get_subcommands();
   std::string message = error.what();
-  if (app.get_subcommands().empty()) {
+  std::string help = "kestrel --help";
+  if (std::any_of(rest.begin(), rest.end(), [](const auto& word) { return word[0] == '-'; })) {
+    message = "options stand behind the command";
+  } else if (commands.empty()) {
     message = rest.empty() ? "a command is missing" : "there is no command " + rest.front();
+  } else {
+    help = "kestrel " + commands.front()->get_name() + " --help";
   }
-  std::replace(message.begin(), message.end(), '\n', ' ');
-  return message + ": see 'kestrel --help'";
+  return message + ": see '" + help + "'";
 }
 
 }  // namespace

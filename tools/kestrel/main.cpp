@@ -1,9 +1,9 @@
+#include <algorithm>
 #include <csignal>
 #include <exception>
 #include <iostream>
 #include <new>
 #include <string>
-#include <string_view>
 
 #include "tools/kestrel/command_line.h"
 #include "tools/kestrel/commands.h"
@@ -14,7 +14,13 @@ namespace {
 
 using kestrel::ExitCode;
 
-void Complain(std::string_view message) { std::cerr << "kestrel: " << message << '\n'; }
+// One line, whatever the names of files in it hold.
+void Complain(std::string message) {
+  std::replace_if(
+      message.begin(), message.end(),
+      [](char character) { return static_cast<unsigned char>(character) < ' '; }, '?');
+  std::cerr << "kestrel: " << message << '\n';
+}
 
 ExitCode Run(int argumentCount, const char* const* arguments) {
   const kestrel::ParsedCommandLine parsed = kestrel::ParseCommandLine(argumentCount, arguments);

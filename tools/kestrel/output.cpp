@@ -4,12 +4,16 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <string>
 #include <system_error>
 #include <utility>
 
 #if defined(_WIN32)
 #include <fcntl.h>
 #include <io.h>
+#else
+#include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 #include "tools/kestrel/tool_error.h"
@@ -19,13 +23,6 @@ namespace kestrel {
 namespace {
 
 namespace fs = std::filesystem;
-
-#if defined(_WIN32)
-constexpr const char* kCreateNew = "wb";
-#else
-// Never through a link that somebody put in the way.
-constexpr const char* kCreateNew = "wbx";
-#endif
 
 [[noreturn]] void ThrowCannotWrite(const std::string& target, const std::error_code& error) {
   throw ToolError(target + " cannot be written (" + error.message() +
@@ -50,10 +47,67 @@ std::error_code WriteAndClose(File file, std::string_view bytes) {
   return std::fclose(file.release()) == 0 ? std::error_code() : LastError();
 }
 
-std::error_code WriteOpened(const std::string& path, const char* mode, std::string_view bytes) {
+// Opens a file that was not there before, never one that somebody else made meanwhile.
+File CreateNew(const fs::path& path) {
+#if defined(_WIN32)
+  return fs::exists(path) ? File() : File(std::fopen(path.string().c_str(), "wb"));
+#else
+  return File(std::fopen(path.c_str(), "wbx"));
+#endif
+}
+
+// Opens a new file whose name is that of the target and more. Gives none, with the system's error
+// set, when that fails.
+File CreateBeside(const fs::path& target, fs::path& path) {
+  constexpr int kMostNames = 100;
+  for (int number = 0; number < kMostNames; ++number) {
+    path = target.string() + ".new" + std::to_string(number);
+    errno = 0;
+    File file = CreateNew(path);
+    if (file || !fs::exists(path)) {
+      return file;
+    }
+  }
+  return {};
+}
+
+// A file that takes the place of another belongs to the same people.
+void TakeOverOwnership(const fs::path& from, const fs::path& path) {
+  std::error_code ignored;
+#if !defined(_WIN32)
+  struct stat status = {};
+  if (stat(from.c_str(), &status) == 0) {
+    // Only root may; everybody else owns what they write.
+    static_cast<void>(chown(path.c_str(), status.st_uid, status.st_gid) == 0);
+  }
+#endif
+  fs::permissions(path, fs::status(from, ignored).permissions(), ignored);
+}
+
+std::error_code WriteInPlace(const std::string& path, std::string_view bytes) {
   errno = 0;
-  File file(std::fopen(path.c_str(), mode));
+  File file(std::fopen(path.c_str(), "wb"));
   return file ? WriteAndClose(std::move(file), bytes) : LastError();
+}
+
+std::error_code Replace(const fs::path& target, std::string_view bytes) {
+  fs::path path;
+  File file = CreateBeside(target, path);
+  if (!file) {
+    return LastError();
+  }
+  if (fs::exists(target)) {
+    TakeOverOwnership(target, path);
+  }
+  std::error_code error = WriteAndClose(std::move(file), bytes);
+  if (!error) {
+    fs::rename(path, target, error);
+  }
+  if (error) {
+    std::error_code ignored;
+    fs::remove(path, ignored);
+  }
+  return error;
 }
 
 }  // namespace
@@ -71,28 +125,18 @@ void WriteToStandardOutput(std::string_view text) {
 }
 
 void WriteFile(const std::string& path, std::string_view bytes) {
-  std::error_code ignored;
-  const fs::file_status status = fs::status(path, ignored);
-  if (fs::exists(status) && !fs::is_regular_file(status)) {
-    if (const std::error_code error = WriteOpened(path, "wb", bytes)) {
-      ThrowCannotWrite("'" + path + "'", error);
-    }
-    return;
-  }
-  // What a link names is replaced, not the link.
-  const fs::path target =
-      fs::is_regular_file(status) ? fs::canonical(path, ignored) : fs::path(path);
-  const std::string beside = target.string() + ".kestrel-new";
-  fs::remove(beside, ignored);
-  std::error_code error = WriteOpened(beside, kCreateNew, bytes);
-  if (!error) {
-    if (fs::is_regular_file(status)) {
-      fs::permissions(beside, status.permissions(), ignored);
-    }
-    fs::rename(beside, target, error);
+  std::error_code failure;
+  const fs::file_status status = fs::status(path, failure);
+  std::error_code error;
+  if (fs::is_regular_file(status)) {
+    // What a link names is replaced, not the link.
+    error = Replace(fs::canonical(path), bytes);
+  } else if (fs::exists(status) || fs::is_symlink(fs::symlink_status(path, failure))) {
+    error = WriteInPlace(path, bytes);
+  } else {
+    error = Replace(path, bytes);
   }
   if (error) {
-    fs::remove(beside, ignored);
     ThrowCannotWrite("'" + path + "'", error);
   }
 }

@@ -13,12 +13,13 @@ namespace {
 #if defined(_WIN32)
 constexpr const char* kNoMachineTables =
     "this machine shows no SMBIOS tables: run it as an administrator with the driver file beside "
-    "it, or use --image FILE or --sample";
+    "it";
 #else
 constexpr const char* kNoMachineTables =
-    "this machine shows no SMBIOS tables: run it as root where there is /sys/firmware/dmi/tables, "
-    "or use --image FILE or --sample";
+    "this machine shows no SMBIOS tables: run it as root where there is /sys/firmware/dmi/tables";
 #endif
+
+constexpr const char* kOtherSources = ", or use --image FILE or --sample";
 
 struct ProblemText {
   ImageProblem Problem;
@@ -32,7 +33,7 @@ constexpr ProblemText kProblemTexts[] = {
     {ImageProblem::TooLarge,
      " is too large: an image ends below 4 GiB, a raw table at 65,535 bytes"},
     {ImageProblem::NotRecognised,
-     " is no image of this kind: name a saved image, or its kind with --format"},
+     " is not of the kind that --format names: leave it to be recognised"},
     {ImageProblem::NoEntryPoint,
      " has no SMBIOS entry point between F0000h and FFFFFh: save an image that holds it"},
     {ImageProblem::EntryPointCut, " ends inside its entry point: save the image again"},
@@ -45,12 +46,23 @@ std::string TextOfProblem(const ImageFirmware& image) {
   if (image.GetProblem() == ImageProblem::CannotOpen) {
     return " cannot be read (" + image.GetError().message() + "): name a file that can";
   }
+  if (image.GetProblem() == ImageProblem::NotRecognised && image.GetKind() == ImageKind::Auto) {
+    return " is no image of a known kind: name a saved image, or its kind with --format";
+  }
   for (const ProblemText& row : kProblemTexts) {
     if (row.Problem == image.GetProblem()) {
       return row.Text;
     }
   }
   return " cannot be used: save the image again";
+}
+
+void WarnOfVersion(const FirmwareAccess& access, const SourceOptions& options,
+                   OpenedSource& source) {
+  const auto* image = dynamic_cast<const ImageFirmware*>(&access);
+  if (options.RawVersion && image != nullptr && image->GetKind() != ImageKind::Raw) {
+    source.Warnings.emplace_back("--smbios-version is left aside: the image has its own version");
+  }
 }
 
 void WarnOfPresentation(const FirmwareAccess& access, OpenedSource& source) {
@@ -77,7 +89,8 @@ void WarnOfRead(OpenedSource& source) {
 
 std::unique_ptr<FirmwareAccess> MakeAccess(const SourceOptions& options) {
   if (options.Image) {
-    return std::make_unique<ImageFirmware>(*options.Image, options.Format, options.RawVersion);
+    return std::make_unique<ImageFirmware>(*options.Image, options.Format,
+                                           options.RawVersion.value_or(SmbiosVersion{}));
   }
   if (options.Sample) {
     return std::make_unique<TableFirmware>(kSampleVersion, MakeSampleTable());
@@ -87,7 +100,10 @@ std::unique_ptr<FirmwareAccess> MakeAccess(const SourceOptions& options) {
 
 std::string TextOfFailure(const SourceOptions& options, const FirmwareAccess& access) {
   const auto* image = dynamic_cast<const ImageFirmware*>(&access);
-  return image != nullptr ? "'" + *options.Image + "'" + TextOfProblem(*image) : kNoMachineTables;
+  if (image != nullptr) {
+    return "'" + *options.Image + "'" + TextOfProblem(*image);
+  }
+  return std::string(kNoMachineTables) + (options.MachineOnly ? "" : kOtherSources);
 }
 
 }  // namespace
@@ -100,9 +116,10 @@ OpenedSource OpenSource(const SourceOptions& options) {
   if (source.Reader->OpenAccess() == 0) {
     throw ToolError(TextOfFailure(options, access));
   }
+  WarnOfVersion(access, options, source);
   WarnOfPresentation(access, source);
   std::optional<TableCopy> table = source.Reader->CopyTable();
-  if (!table) {
+  if (!table || table->Bytes.empty()) {
     throw ToolError(TextOfFailure(options, access));
   }
   source.Table = std::move(*table);

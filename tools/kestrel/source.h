@@ -16,8 +16,10 @@ struct SourceOptions {
   std::optional<std::string> Image;
   ImageKind Format = ImageKind::Auto;
   // For a raw table, which carries no version.
-  SmbiosVersion RawVersion;
+  std::optional<SmbiosVersion> RawVersion;
   bool Sample = false;
+  // Whether the command takes none of the others, so that nobody is told of them.
+  bool MachineOnly = false;
 };
 
 // A reader whose access is closed with it, so that no driver stays behind, whatever goes wrong.
