@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <cstring>
 #include <iostream>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -18,6 +19,7 @@
 #include <utility>
 #include <vector>
 
+#include "firmware/table_firmware.h"
 #include "model/smbios_reader.h"
 #include "tools/kestrel/sample.h"
 #include "tools/kestrel/table_builder.h"
@@ -97,8 +99,14 @@ void Measure(benchmark::State& state, std::size_t tableSize, Work work) {
   }
 }
 
+// Gives a reader the version of the newer layouts; the tables are walked without it.
+std::unique_ptr<kestrel::FirmwareAccess> EmptyTable() {
+  return std::make_unique<kestrel::TableFirmware>(kestrel::kSampleVersion, Table());
+}
+
 std::size_t Walk(const Table& table) {
-  SMBiosReader reader;
+  SMBiosReader reader(EmptyTable());
+  reader.FindEntryPoint();
   reader.WalkTable(table);
   benchmark::DoNotOptimize(reader.GetObjects().data());
   return 0;
@@ -117,7 +125,8 @@ std::size_t Document(const SMBiosReader& reader) {
 }
 
 std::size_t Everything(const Table& table) {
-  SMBiosReader reader;
+  SMBiosReader reader(EmptyTable());
+  reader.FindEntryPoint();
   reader.WalkTable(table);
   return Report(reader) + Document(reader);
 }
@@ -133,14 +142,16 @@ void TimeWalk(benchmark::State& state) {
 
 void TimeReport(benchmark::State& state) {
   const Table table = MixedTableOf(state);
-  SMBiosReader reader;
+  SMBiosReader reader(EmptyTable());
+  reader.FindEntryPoint();
   reader.WalkTable(table);
   Measure(state, table.size(), [&] { return Report(reader); });
 }
 
 void TimeDocument(benchmark::State& state) {
   const Table table = MixedTableOf(state);
-  SMBiosReader reader;
+  SMBiosReader reader(EmptyTable());
+  reader.FindEntryPoint();
   reader.WalkTable(table);
   Measure(state, table.size(), [&] { return Document(reader); });
 }

@@ -54,8 +54,9 @@ struct Outcome {
 };
 
 Outcome Read(const Bytes& image, ImageKind kind) {
-  const std::string path = testing::TempDir() + "kestrel_image_" +
-                           testing::UnitTest::GetInstance()->current_test_info()->name();
+  // In the folder of the build that is tested, since others may be tested beside it.
+  const std::string path =
+      std::string("image_of_") + testing::UnitTest::GetInstance()->current_test_info()->name();
   std::ofstream(path, std::ios::binary)
       .write(reinterpret_cast<const char*>(image.data()),
              static_cast<std::streamsize>(image.size()));

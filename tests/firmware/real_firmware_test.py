@@ -26,7 +26,8 @@ class Machine:
     def __init__(self, folder, options):
         self.socket_path = os.path.join(folder, "qmp")
         self.process = subprocess.Popen(
-            ["qemu-system-x86_64", "-accel", "tcg", "-machine", "pc", "-m", "64"]
+            # It ends with this process, however that ends.
+            ["setpriv", "--pdeathsig", "KILL", "qemu-system-x86_64", "-accel", "tcg", "-machine", "pc", "-m", "64"]
             + ["-display", "none", "-nodefaults"]
             + ["-qmp", f"unix:{self.socket_path},server=on,wait=off"]
             + options

@@ -94,6 +94,18 @@ TEST(MifDocumentTest, CutsTheReleaseDateOfTheBios) {
       });
 }
 
+// Consoles get the strings of the firmware as they are, whatever becomes of the document.
+TEST(MifDocumentTest, LeavesStringsUnchanged) {
+  const std::string odd = "a\"b\\c\x1B\x07\r\n\xFF\t ";
+  EXPECT_EQ(MifRowsOf(Structure(0, Join({{1, 2, 0, 0, 3}, Bytes(9)}), {odd, "\\", "\"\x01"}), 0),
+            "\t{0,\"" + odd + "\",\"\\\",64,0,0,\"\",\"\"\x01" + "000000.000000-300\",1}\r\n");
+  EXPECT_EQ(MifRowsOf(Structure(17, Join({Bytes(12), {1, 2}, Bytes(9)}), {odd, "\""}), 17),
+            "\t{1,0,\"" + odd + "\",\"\"\",0,0,0,0,0,0,0,1,1,1,1,0,\"\",\"\",0,0,0,0,0,0}\r\n");
+  const std::string document = MifOf(Structure(1, Join({{1, 0, 0, 0}, Bytes(17)}), {odd}));
+  EXPECT_THAT(document, HasSubstr("\t\tValue = \"a\"b\\c\x1B\x07\r\n\xFF\"\r\n"));
+  EXPECT_NE(FaultOf(document), "");
+}
+
 TEST(MifGrammarTest, FindsEachFault) {
   const std::string document = MifOf(Bios({0x10, 0, 0, 0, 0, 0, 0, 0}));
   ASSERT_EQ(FaultOf(document), "");

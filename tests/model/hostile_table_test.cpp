@@ -1,35 +1,57 @@
 #include <algorithm>
+#include <cstdlib>
 #include <gtest/gtest.h>
+#include <memory>
 #include <span>
-#include <sys/mman.h>
-#include <unistd.h>
 
+#include "firmware/table_firmware.h"
 #include "model/smbios_reader.h"
 #include "tests/support/tables.h"
 #include "tools/kestrel/sample.h"
 
+#if defined(_WIN32)
+#include "platform/win32.h"
+#else
+#include <sys/mman.h>
+#endif
+
 namespace kestrel {
 namespace {
+
+constexpr std::size_t kPage = 4096;
+
+#if defined(_WIN32)
+void* Map(std::size_t size) {
+  return VirtualAlloc(nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
+}
+bool Forbid(void* page) {
+  DWORD before = 0;
+  return VirtualProtect(page, kPage, PAGE_NOACCESS, &before) != FALSE;
+}
+void Unmap(void* memory, std::size_t /*size*/) { VirtualFree(memory, 0, MEM_RELEASE); }
+#else
+void* Map(std::size_t size) {
+  void* memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  return memory != MAP_FAILED ? memory : nullptr;
+}
+bool Forbid(void* page) { return mprotect(page, kPage, PROT_NONE) == 0; }
+void Unmap(void* memory, std::size_t size) { munmap(memory, size); }
+#endif
 
 // A buffer that ends right against a page that may not be touched.
 class GuardedBuffer {
  public:
-  explicit GuardedBuffer(std::size_t size) {
-    const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-    Accessible = (size + page - 1) / page * page;
-    Mapped = Accessible + page;
-    void* memory =
-        mmap(nullptr, Mapped, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (memory == MAP_FAILED ||
-        mprotect(static_cast<std::uint8_t*>(memory) + Accessible, page, PROT_NONE) != 0) {
+  explicit GuardedBuffer(std::size_t size)
+      : Accessible((size + kPage - 1) / kPage * kPage),
+        Memory(static_cast<std::uint8_t*>(Map(Accessible + kPage))) {
+    if (Memory == nullptr || !Forbid(Memory + Accessible)) {
       ADD_FAILURE() << "no guarded memory";
       std::abort();
     }
-    Memory = static_cast<std::uint8_t*>(memory);
   }
   GuardedBuffer(const GuardedBuffer&) = delete;
   GuardedBuffer& operator=(const GuardedBuffer&) = delete;
-  ~GuardedBuffer() { munmap(Memory, Mapped); }
+  ~GuardedBuffer() { Unmap(Memory, Accessible + kPage); }
 
   // A copy of `bytes` whose last byte is the last that may be touched.
   std::span<std::uint8_t> Place(std::span<const std::uint8_t> bytes) {
@@ -39,17 +61,21 @@ class GuardedBuffer {
   }
 
  private:
-  std::uint8_t* Memory = nullptr;
-  std::size_t Accessible = 0;
-  std::size_t Mapped = 0;
+  std::size_t Accessible;
+  std::uint8_t* Memory;
 };
 
-// Reads and renders a table from exactly the bytes given. Gives the size of both texts, so that
-// nothing of it can be left out.
+// Reads and renders a table from exactly the bytes given, by the older layouts and by the newer
+// ones. Gives the size of the texts, so that nothing of it can be left out.
 std::size_t ReadAndRender(std::span<const std::uint8_t> table) {
-  SMBiosReader reader;
-  reader.WalkTable(table);
-  return reader.BuildTextReport().size() + reader.ObjsToMifString().size();
+  std::size_t size = 0;
+  for (const SmbiosVersion version : {SmbiosVersion{2, 1}, SmbiosVersion{2, 3}}) {
+    SMBiosReader reader(std::make_unique<TableFirmware>(version, Bytes()));
+    EXPECT_EQ(reader.FindEntryPoint(), 1);
+    reader.WalkTable(table);
+    size += reader.BuildTextReport().size() + reader.ObjsToMifString().size();
+  }
+  return size;
 }
 
 TEST(HostileTableTest, NoPrefixIsReadPastItsEnd) {
