@@ -10,10 +10,10 @@ sources() {
 
 case $1 in
   format) { sources '*.h'; sources '*.c'; sources '*.cpp'; } | xargs -0 clang-format --dry-run --Werror ;;
-  # What this system compiles, largest first.
+  # What this system compiles.
   tidy)
-    sed -n 's/.*"file": "\(.*\)".*/\1/p' "$2/compile_commands.json" | grep '\.cpp$' | sort -u |
-      xargs ls -S | xargs -n 1 -P "$(nproc)" clang-tidy -p "$2" --quiet
+    sed -n 's/.*"file": "\(.*\.cpp\)".*/\1/p' "$2/compile_commands.json" | sort -u |
+      tr '\n' '\0' | xargs -0 -n 1 -P "$(nproc)" clang-tidy -p "$2" --quiet
     ;;
   shell) { printf '%s\0' run test .ci/run cmake/require-packages; sources '*.sh'; } | xargs -0 shellcheck -x -P tests ;;
 esac
