@@ -276,8 +276,9 @@ Address FindLandingPad(const Function& function, Address place) {
   Cursor cursor{function.ExceptionTable, 0};
   Require(cursor.Take() == kNoAddress);
   if (cursor.Take() != kNoAddress) {
-    // How far it is to the types to be caught. There are none.
-    cursor.Unsigned();
+    // How far it is to the end of the types to be caught. The only one is that of everything.
+    const std::uint32_t distance = cursor.Unsigned();
+    Require(Load<Address>(cursor.At + distance - sizeof(Address)) == 0);
   }
   Require(cursor.Take() == kSevenBits);
   const std::uint32_t size = cursor.Unsigned();

@@ -5,7 +5,7 @@
 // have, so the library brings the little of it that it needs.
 //
 // All that is ever thrown is that something cannot be had: memory, mostly. An exception is
-// therefore a fact without an object and without a type. `catch (...)` catches it; a typed catch,
-// or the throw of an object, does not link.
+// therefore a fact without an object and without a type. `catch (...)` catches it. The throw of
+// an object does not link; what would be caught by its type ends the process.
 
 extern "C" [[noreturn]] void KestrelThrow();

@@ -27,6 +27,7 @@ void Windows98(EmulatedWindows& windows) {
   windows.PlatformId = 1;
   windows.MajorVersion = 4;
   windows.MinorVersion = 10;
+  windows.HasExtendedRecord = false;
 }
 
 void WindowsNT4(EmulatedWindows& windows) {
@@ -169,7 +170,7 @@ CloseServiceHandle(6)
     std::string Calls;
   } cases[] = {
       {Windows95, detect + "GetVersionExA(94)\n" + virtualDevice},
-      {Windows98, detect + virtualDevice},
+      {Windows98, detect + "GetVersionExA(94)\n" + virtualDevice},
       {WindowsNT4, find + create(R"(C:\Host\PetrelNt.sys)") + startAndRemove},
       {WindowsXP, find + create(R"(C:\Host\Petrel.sys)") + startAndRemove},
       {LeftStopped, find + interrogate + startAndRemove},
@@ -224,7 +225,7 @@ TEST(AccessDriverTest, EndsCleanWhicheverCallFails) {
     std::string Outcomes;
   } cases[] = {
       {Windows95, 0, "rxx" + read + "r"},
-      {Windows98, 0, "rx" + read + "r"},
+      {Windows98, 0, "rxx" + read + "r"},
       {WindowsNT4, 1000, "rxxrxrr" + load + read + close},
       {WindowsXP, 1000, "rxxrxrr" + load + read + close},
       {LeftStopped, 1000, "rxxxrrr" + load + read + close},
@@ -253,6 +254,47 @@ TEST(AccessDriverTest, EndsCleanWhicheverCallFails) {
   }
 }
 
+// What Open itself does after a call that fails: Close, which would mend much, is not called.
+TEST(AccessDriverTest, CleansUpWhatDidNotOpen) {
+  const std::string remove = R"(OpenSCManagerA(0, 0, F003F)
+OpenServiceA(5, "Petrel", F01FF)
+ControlService(6, 1)
+DeleteService(6)
+CloseServiceHandle(6)
+CloseServiceHandle(5)
+)";
+  const struct {
+    Preparation Machine;
+    std::size_t FailingCall;
+    // That one and those behind it.
+    std::string Calls;
+  } cases[] = {
+      {LeftRunning, 5, "ControlService(2, 1)\nCloseServiceHandle(2)\nCloseServiceHandle(1)\n"},
+      {WindowsXP, 7, "OpenSCManagerA(0, 0, F003F)\n"},
+      {WindowsXP, 8, "OpenServiceA(3, \"Petrel\", F01FF)\nCloseServiceHandle(3)\n"},
+      {WindowsXP, 9,
+       "StartServiceA(4, 0, 0)\nCloseServiceHandle(4)\nCloseServiceHandle(3)\n" + remove},
+      {WindowsXP, 14, "CreateFileA(\"\\\\.\\Petrel\", C0000000, 3, 0, 3, 80, 0)\n" + remove},
+  };
+  for (const auto& test : cases) {
+    EmulatedWindows windows;
+    test.Machine(windows);
+    windows.FailingCall = test.FailingCall;
+    EXPECT_EQ(AccessDriver().Open(), 0);
+    windows.Calls.erase(windows.Calls.begin(),
+                        windows.Calls.begin() + static_cast<std::ptrdiff_t>(test.FailingCall));
+    EXPECT_EQ(JoinLines(windows.Calls), test.Calls);
+  }
+}
+
+TEST(AccessDriverTest, StopsAServiceThatIsStarting) {
+  EmulatedWindows windows;
+  LeftRunning(windows);
+  windows.Services["Petrel"].State = 2;
+  EXPECT_EQ(AccessDriver().Open(), 0);
+  EXPECT_EQ(windows.Calls.at(5), "ControlService(2, 1)");
+}
+
 TEST(AccessDriverTest, TellsHowClosingWent) {
   const struct {
     Preparation Machine;
@@ -261,7 +303,7 @@ TEST(AccessDriverTest, TellsHowClosingWent) {
   } cases[] = {
       {Windows95, 1, 0},
       {WindowsXP, 1, 0},
-      {[](EmulatedWindows& windows) { windows.MajorVersion = 6; }, 1, 1},
+      {WindowsVista, 1, 1},
   };
   for (const auto& test : cases) {
     EmulatedWindows windows;
@@ -272,6 +314,17 @@ TEST(AccessDriverTest, TellsHowClosingWent) {
     EXPECT_EQ(driver.Close(), test.First);
     EXPECT_EQ(driver.Close(), test.Second);
     EXPECT_THAT(windows.Mistakes, IsEmpty());
+  }
+}
+
+TEST(AccessDriverTest, DoesNotLookAtHowStoppingAndDeletingWent) {
+  for (const std::size_t callOfClose : {std::size_t{3}, std::size_t{4}}) {
+    EmulatedWindows windows;
+    AccessDriver driver;
+    ASSERT_EQ(driver.Open(), 1);
+    windows.FailingCall = windows.Calls.size() + callOfClose;
+    EXPECT_EQ(driver.Close(), 1);
+    EXPECT_EQ(windows.Calls.size(), *windows.FailingCall + (7 - callOfClose));
   }
 }
 
