@@ -4,7 +4,7 @@
  * One reader serves the whole process. A host calls OpenSMBios once, then ReadSMObjects, then any
  * of the text functions as often as it likes, and last CloseSMBios. The functions take no lock:
  * call them from one thread at a time. None of them prints, throws, or leaves anything behind that
- * CloseSMBios does not take away.
+ * CloseSMBios does not take away, but that Windows keeps its service library loaded.
  *
  * Text functions take the size of the caller's buffer in bytes, terminating zero included, and the
  * buffer. With a text of n characters and a size of s bytes:
