@@ -96,6 +96,12 @@ if [ "$(id -u)" -eq 0 ]; then
   setpriv --reuid=65534 --clear-groups "$kestrel" report --image secret >out 2>err
   [ "$?/$(cat err)" = "1/kestrel: 'secret' cannot be read (Permission denied): name a file that can" ] ||
     fail "no permission: said '$(cat err)'"
+  mkdir -m 700 locked
+  for target in new locked/new; do
+    setpriv --reuid=65534 --clear-groups "$kestrel" report --sample -o $target >out 2>err
+    [ "$?/$(cat err)" = "1/kestrel: '$target' cannot be written (Permission denied): write to a place that takes it" ] ||
+      fail "no permission to write: said '$(cat err)'"
+  done
 fi
 
 write=": write to a place that takes it"

@@ -50,21 +50,24 @@ std::error_code WriteAndClose(File file, std::string_view bytes) {
 // Opens a file that was not there before, never one that somebody else made meanwhile.
 File CreateNew(const fs::path& path) {
 #if defined(_WIN32)
-  return fs::exists(path) ? File() : File(std::fopen(path.string().c_str(), "wb"));
+  std::error_code ignored;
+  return fs::exists(path, ignored) ? File() : File(std::fopen(path.string().c_str(), "wb"));
 #else
   return File(std::fopen(path.c_str(), "wbx"));
 #endif
 }
 
-// Opens a new file whose name is that of the target and more. Gives none, with the system's error
-// set, when that fails.
-File CreateBeside(const fs::path& target, fs::path& path) {
+// Opens a new file whose name is that of the target and more. Gives none, and the system's error,
+// when that fails.
+File CreateBeside(const fs::path& target, fs::path& path, std::error_code& error) {
   constexpr int kMostNames = 100;
   for (int number = 0; number < kMostNames; ++number) {
     path = target.string() + ".new" + std::to_string(number);
     errno = 0;
     File file = CreateNew(path);
-    if (file || !fs::exists(path)) {
+    error = LastError();
+    std::error_code ignored;
+    if (file || !fs::exists(path, ignored)) {
       return file;
     }
   }
@@ -92,19 +95,20 @@ std::error_code WriteInPlace(const std::string& path, std::string_view bytes) {
 
 std::error_code Replace(const fs::path& target, std::string_view bytes) {
   fs::path path;
-  File file = CreateBeside(target, path);
+  std::error_code error;
+  File file = CreateBeside(target, path, error);
   if (!file) {
-    return LastError();
+    return error;
   }
-  if (fs::exists(target)) {
+  std::error_code ignored;
+  if (fs::exists(target, ignored)) {
     TakeOverOwnership(target, path);
   }
-  std::error_code error = WriteAndClose(std::move(file), bytes);
+  error = WriteAndClose(std::move(file), bytes);
   if (!error) {
     fs::rename(path, target, error);
   }
   if (error) {
-    std::error_code ignored;
     fs::remove(path, ignored);
   }
   return error;
@@ -130,7 +134,7 @@ void WriteFile(const std::string& path, std::string_view bytes) {
   std::error_code error;
   if (fs::is_regular_file(status)) {
     // What a link names is replaced, not the link.
-    error = Replace(fs::canonical(path), bytes);
+    error = Replace(fs::canonical(path, failure), bytes);
   } else if (fs::exists(status) || fs::is_symlink(fs::symlink_status(path, failure))) {
     error = WriteInPlace(path, bytes);
   } else {
