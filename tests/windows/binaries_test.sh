@@ -9,6 +9,13 @@ done
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
+# The imports in the headers at hand, each with its library.
+list_imports() {
+  awk '/DLL Name:/ { library = $3 }
+    library && $2 ~ /^[0-9]+$/ && NF == 3 { print library ":" $3 }
+    /^$/ { library = "" }' "$work/headers"
+}
+
 # Whatever is on standard input should not be there.
 refuse() {
   if grep . >"$work/refused"; then
@@ -39,9 +46,7 @@ check_library() {
   describe >"$work/found"
   diff -u --label "$1, wanted" --label "$1, found" "$work/wanted" "$work/found" || touch "$work/failed"
   for function in $2; do echo "$function"; done >"$work/allowed"
-  awk '/DLL Name:/ { library = $3 }
-    library && $2 ~ /^[0-9]+$/ && NF == 3 { print library ":" $3 }
-    /^$/ { library = "" }' "$work/headers" >"$work/imports"
+  list_imports >"$work/imports"
   [ -s "$work/imports" ] || echo "nothing" >"$work/imports"
   grep -vxFf "$work/allowed" "$work/imports" | refuse "$1 imports"
 }
@@ -116,9 +121,7 @@ check_driver() {
       s/^DllCharacteristics\t/DllCharacteristics /p
       s/^Entry 2 0*[1-9a-f].*/has resources/p
       s/^Entry 5 0*[1-9a-f].*/can be moved/p' "$work/headers"
-    awk '/DLL Name:/ { library = $3 }
-      library && $2 ~ /^[0-9]+$/ && NF == 3 { print library ":" $3 }
-      /^$/ { library = "" }' "$work/headers"
+    list_imports
   } >"$work/found"
   diff -u --label "$1, wanted" --label "$1, found" "$work/wanted" "$work/found" || touch "$work/failed"
   # Windows loads no driver whose checksum is wrong: the sum of its 16-bit words, with the carries
