@@ -42,8 +42,25 @@ inline constexpr MifEnumItem kLastErrorUpdate[] = {
     {5, "Updated during instrumentation run-time."},
 };
 
-inline constexpr MifEnumItem kErrorOperation[] = {
+inline constexpr MifEnumItem kErrorOperations[] = {
     {1, "Other"}, {2, "Unknown"}, {3, "Read"}, {4, "Write"}, {5, "Partial write"},
+};
+
+inline constexpr MifAttribute kErrorOperation = {
+    .Name = "Error Operation",
+    .Storage = kCommon,
+    .Type = kEnumeration,
+    .Value = "1",
+    .Description = "The memory access operation that caused the current error.",
+    .Items = kErrorOperations,
+};
+
+inline constexpr MifAttribute kOperationalGroupIndex = {
+    .Name = "Operational Group Index",
+    .Storage = kCommon,
+    .Type = kInteger,
+    .Value = "0",
+    .Description = "The index into the Operational State Table for this device.",
 };
 
 }  // namespace kestrel
