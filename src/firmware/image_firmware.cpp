@@ -19,9 +19,6 @@ constexpr std::uint64_t kBiosAreaSize = kBiosAreaEnd - kBiosAreaStart;
 
 constexpr std::size_t kRsmbHeaderSize = 8;
 
-// A structure has at least its header: type, length, handle.
-constexpr std::uint8_t kHeaderSize = 4;
-
 // Where a 64-bit entry point may stand.
 constexpr std::size_t kParagraph = 16;
 

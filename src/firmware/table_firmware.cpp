@@ -13,7 +13,6 @@ namespace kestrel {
 
 namespace {
 
-constexpr std::uint8_t kEndOfTable = 127;
 constexpr std::uint32_t kTableAddress = 0x100000;
 
 // The bytes of a 64-bit entry point.

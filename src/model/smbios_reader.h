@@ -34,6 +34,10 @@ struct TableCopy {
 // the call.
 class SMBiosReader {
  public:
+  // The version that gave some structures further fields. The version of the table tells whether
+  // they are there, not the Length of the structure.
+  static constexpr int kSmbios23 = 23;
+
   // Without an access the reader never finds a table; WalkTable works all the same.
   explicit SMBiosReader(std::unique_ptr<FirmwareAccess> access = nullptr);
   SMBiosReader(const SMBiosReader&) = delete;

@@ -1,10 +1,16 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 namespace kestrel {
 
 class TableCursor;
+
+// What every structure has at least: type, length, handle.
+inline constexpr std::uint8_t kHeaderSize = 4;
+
+inline constexpr std::uint8_t kEndOfTable = 127;
 
 // Places `cursor` on the structure behind the one that starts at `structureStart`: past the
 // formatted area that its Length byte announces, then past its string set. Always moves forward, so

@@ -6,6 +6,7 @@
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
 #include "model/table_cursor.h"
+#include "model/table_walk.h"
 #include "model/text.h"
 
 namespace kestrel {
@@ -59,7 +60,6 @@ std::string SMType10Obj::ToString() const {
 
 // A Length byte that does not even cover the header leaves no room for a device.
 std::uint8_t CountDevices(std::uint8_t length) {
-  constexpr std::uint8_t kHeaderSize = 4;
   return length < kHeaderSize ? std::uint8_t{0}
                               : static_cast<std::uint8_t>((length - kHeaderSize) / 2);
 }

@@ -110,8 +110,7 @@ void SMBiosReader::ReadType17(TableCursor& cursor) {
   object->SetMemoryType(cursor.U8());
   object->SetTypeDetail(cursor.U16());
   object->SetSpeed(cursor.U16());
-  // The version decides which layout it is, whatever the Length says.
-  if (GetSpecVersion() >= 23) {
+  if (GetSpecVersion() >= kSmbios23) {
     object->SetStringCount(6);
     object->SetManufacturer(cursor.U8());
     object->SetSerialNumber(cursor.U8());

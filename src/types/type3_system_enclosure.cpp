@@ -118,8 +118,7 @@ void SMBiosReader::ReadType3(TableCursor& cursor) {
   object->SetPowerSupplyState(cursor.U8());
   object->SetThermalState(cursor.U8());
   object->SetSecurityStatus(cursor.U8());
-  // Fields of SMBIOS 2.3: the version of the table tells, not the Length of the structure.
-  if (GetSpecVersion() >= 23) {
+  if (GetSpecVersion() >= kSmbios23) {
     object->SetOemDefined(cursor.U32());
   }
   CollectStrings(*object, cursor);

@@ -287,8 +287,7 @@ void SMBiosReader::ReadType4(TableCursor& cursor) {
   object->SetL1CacheHandle(cursor.U16());
   object->SetL2CacheHandle(cursor.U16());
   object->SetL3CacheHandle(cursor.U16());
-  // Fields of SMBIOS 2.3: the version of the table tells, not the Length of the structure.
-  if (GetSpecVersion() >= 23) {
+  if (GetSpecVersion() >= kSmbios23) {
     object->SetStringCount(6);
     object->SetSerialNumber(cursor.U8());
     object->SetAssetTag(cursor.U8());

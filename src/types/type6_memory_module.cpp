@@ -5,7 +5,7 @@
 #include "model/smbios_reader.h"
 #include "model/table_cursor.h"
 #include "model/text.h"
-#include "types/memory_module_texts.h"
+#include "types/memory_module.h"
 
 namespace kestrel {
 

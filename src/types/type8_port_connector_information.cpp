@@ -112,7 +112,7 @@ class SMType8Obj final : public SMObj {
   std::string ToString() const override;
 
  private:
-  std::string_view NameInternalConnectorType() const;
+  std::string_view GetInternalConnectorTypeText() const;
 
   std::uint8_t PortType = 0;
   std::uint8_t ExternalConnectorType = 0;
@@ -121,7 +121,7 @@ class SMType8Obj final : public SMObj {
   std::uint8_t InternalReferenceDesignator = 0;
 };
 
-std::string_view SMType8Obj::NameInternalConnectorType() const {
+std::string_view SMType8Obj::GetInternalConnectorTypeText() const {
   // Only the designator tells a keyboard's connector from the others that have no code.
   if (InternalConnectorType == kOtherConnector &&
       GetString(InternalReferenceDesignator).find("Keyboard") != std::string_view::npos) {
@@ -133,7 +133,7 @@ std::string_view SMType8Obj::NameInternalConnectorType() const {
 std::string SMType8Obj::ToString() const {
   TextBlock block("Port Connector Information (Type 8)");
   block.Item({"Internal Designator : ", GetString(InternalReferenceDesignator)});
-  block.Item({"Internal Connector Type : ", NameInternalConnectorType()});
+  block.Item({"Internal Connector Type : ", GetInternalConnectorTypeText()});
   block.Item({"External Designator : ", GetString(ExternalReferenceDesignator)});
   block.Item(
       {"External Connector Type : ", TextOfCode(kConnectorTypes, ExternalConnectorType, kNothing)});

@@ -61,7 +61,6 @@ constexpr std::array<std::string_view, 47> kNames = {
 };
 
 constexpr std::uint8_t kInactive = 126;
-constexpr std::uint8_t kEndOfTable = 127;
 constexpr std::uint8_t kFirstOem = 128;
 
 void AppendRightAligned(std::string& line, std::string_view number, std::size_t width) {

@@ -1,11 +1,12 @@
 #include "tools/kestrel/table_builder.h"
 
+#include "model/table_walk.h"
+
 namespace kestrel {
 
 void AppendStructure(std::vector<std::uint8_t>& table, std::uint8_t type, std::uint16_t handle,
                      std::span<const std::uint8_t> fields,
                      std::span<const std::string_view> strings) {
-  constexpr std::size_t kHeaderSize = 4;
   table.push_back(type);
   table.push_back(static_cast<std::uint8_t>(kHeaderSize + fields.size()));
   table.push_back(static_cast<std::uint8_t>(handle));
