@@ -67,13 +67,17 @@ void Append(std::string& text, Pieces pieces) {
   }
 }
 
+// The characters in place are written once, not filled with zeros first.
+ItemText::ItemText(Pieces pieces) : Size(SizeOf(pieces)) {
+  if (Size > Usual.size()) {
+    Longer.reset(new char[Size]);
+  }
+  CopyPieces(Longer ? Longer.get() : Usual.data(), pieces);
+}
+
 TextBlock::TextBlock(std::string_view title) : Text(kUsualBlockSize, '\0') {
   Raw({title, kLineEnd});
 }
-
-void TextBlock::Item(Pieces pieces) { Line("\t", pieces); }
-
-void TextBlock::SubItem(Pieces pieces) { Line("\t\t", pieces); }
 
 void TextBlock::Raw(Pieces pieces) { CopyPieces(Extend(SizeOf(pieces)), pieces); }
 

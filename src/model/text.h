@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -46,6 +47,25 @@ using Pieces = std::initializer_list<std::string_view>;
 
 void Append(std::string& text, Pieces pieces);
 
+// What a text function returns: one line of a block, label and value, without indent and line end.
+// Usual lines are held in place, so that making one allocates nothing.
+class ItemText {
+ public:
+  // NOLINTNEXTLINE(google-explicit-constructor): a text function returns the pieces of its line.
+  ItemText(Pieces pieces);
+  ItemText(const ItemText&) = delete;
+  ItemText& operator=(const ItemText&) = delete;
+
+  // Valid as long as the object.
+  // NOLINTNEXTLINE(google-explicit-constructor): the line is a text like any other.
+  operator std::string_view() const { return {Longer ? Longer.get() : Usual.data(), Size}; }
+
+ private:
+  std::size_t Size;
+  std::unique_ptr<char[]> Longer;
+  std::array<char, 128> Usual;
+};
+
 // The text block of one structure: a title line, one line per item, and for most types a closing
 // empty line. Lines end with "\r\n".
 class TextBlock {
@@ -53,9 +73,10 @@ class TextBlock {
   explicit TextBlock(std::string_view title);
 
   // A line indented by one tab.
-  void Item(Pieces pieces);
+  void Item(std::string_view text) { Line("\t", {text}); }
+  void Item(Pieces pieces) { Line("\t", pieces); }
   // A line indented by two tabs, which belongs to the item above it.
-  void SubItem(Pieces pieces);
+  void SubItem(Pieces pieces) { Line("\t\t", pieces); }
   // Text as it stands, for the items whose lines do not have the common form.
   void Raw(Pieces pieces);
 

@@ -25,6 +25,11 @@ class SMType2Obj final : public SMObj {
   void SetVersion(std::uint8_t value) { Version = value; }
   void SetSerialNumber(std::uint8_t value) { SerialNumber = value; }
 
+  ItemText GetManufacturerText() const { return {"Manufacturer Name : ", GetString(Manufacturer)}; }
+  ItemText GetProductText() const { return {"Product : ", GetString(Product)}; }
+  ItemText GetVersionText() const { return {"Version : ", GetString(Version)}; }
+  ItemText GetSerialNumberText() const { return {"Serial Number : ", GetString(SerialNumber)}; }
+
   std::string ToString() const override;
 
  private:
@@ -36,10 +41,10 @@ class SMType2Obj final : public SMObj {
 
 std::string SMType2Obj::ToString() const {
   TextBlock block("Base Board Information (Type 2)");
-  block.Item({"Manufacturer Name : ", GetString(Manufacturer)});
-  block.Item({"Product : ", GetString(Product)});
-  block.Item({"Version : ", GetString(Version)});
-  block.Item({"Serial Number : ", GetString(SerialNumber)});
+  block.Item(GetManufacturerText());
+  block.Item(GetProductText());
+  block.Item(GetVersionText());
+  block.Item(GetSerialNumberText());
   return block.Close();
 }
 

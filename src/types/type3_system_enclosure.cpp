@@ -72,6 +72,27 @@ class SMType3Obj final : public SMObj {
   void SetSecurityStatus(std::uint8_t value) { SecurityStatus = value; }
   void SetOemDefined(std::uint32_t value) { OemDefined = value; }
 
+  ItemText GetManufacturerText() const { return {"Manufacturer Name : ", GetString(Manufacturer)}; }
+  ItemText GetChassisTypeText() const {
+    return {"Type : ", (ChassisType & 0x80U) != 0 ? "chassis lock; " : "",
+            TextOfCode(kChassisTypes, ChassisType & 0x7FU, kUnknown)};
+  }
+  ItemText GetVersionText() const { return {"Version : ", GetString(Version)}; }
+  ItemText GetSerialNumberText() const { return {"Serial Number : ", GetString(SerialNumber)}; }
+  ItemText GetAssetTagText() const { return {"Asset Tag Number : ", GetString(AssetTag)}; }
+  ItemText GetBootupStateText() const {
+    return {"Bootup State : ", TextOfCode(kStates, BootupState, kUnknown)};
+  }
+  ItemText GetPowerSupplyStateText() const {
+    return {"Power Supply State : ", TextOfCode(kStates, PowerSupplyState, kUnknown)};
+  }
+  ItemText GetThermalStateText() const {
+    return {"Thermal State : ", TextOfCode(kStates, ThermalState, kUnknown)};
+  }
+  ItemText GetSecurityStatusText() const {
+    return {"Security Status : ", TextOfCode(kSecurityStatuses, SecurityStatus, kUnknown)};
+  }
+
   std::string ToString() const override;
 
  private:
@@ -91,16 +112,15 @@ class SMType3Obj final : public SMObj {
 
 std::string SMType3Obj::ToString() const {
   TextBlock block("System Enclosure or Chassis (Type 3)");
-  block.Item({"Manufacturer Name : ", GetString(Manufacturer)});
-  block.Item({"Type : ", (ChassisType & 0x80U) != 0 ? "chassis lock; " : "",
-              TextOfCode(kChassisTypes, ChassisType & 0x7FU, kUnknown)});
-  block.Item({"Version : ", GetString(Version)});
-  block.Item({"Serial Number : ", GetString(SerialNumber)});
-  block.Item({"Asset Tag Number : ", GetString(AssetTag)});
-  block.Item({"Bootup State : ", TextOfCode(kStates, BootupState, kUnknown)});
-  block.Item({"Power Supply State : ", TextOfCode(kStates, PowerSupplyState, kUnknown)});
-  block.Item({"Thermal State : ", TextOfCode(kStates, ThermalState, kUnknown)});
-  block.Item({"Security Status : ", TextOfCode(kSecurityStatuses, SecurityStatus, kUnknown)});
+  block.Item(GetManufacturerText());
+  block.Item(GetChassisTypeText());
+  block.Item(GetVersionText());
+  block.Item(GetSerialNumberText());
+  block.Item(GetAssetTagText());
+  block.Item(GetBootupStateText());
+  block.Item(GetPowerSupplyStateText());
+  block.Item(GetThermalStateText());
+  block.Item(GetSecurityStatusText());
   return block.Close();
 }
 
