@@ -9,16 +9,17 @@
 
 namespace kestrel {
 
-// A structure that is nothing but a count and as many strings; its block lists them as they stand.
+// A structure that holds only a count and that many strings. Its block has a line for each string,
+// which is the string alone.
 class SMStringListObj : public SMObj {
  public:
-  // The count is the number of strings declared, so the set never holds more.
-  void SetCount(std::uint8_t value) { SetStringCount(value); }
+  void SetCount(std::uint8_t value) { Count = value; }
+  std::uint8_t GetCount() const { return Count; }
 
   std::string ToString() const override {
     TextBlock block(Title);
     for (const std::string& text : GetStrings()) {
-      block.Item({text});
+      block.Item(text);
     }
     return block.Close();
   }
@@ -29,6 +30,7 @@ class SMStringListObj : public SMObj {
 
  private:
   std::string_view Title;
+  std::uint8_t Count = 0;
 };
 
 }  // namespace kestrel

@@ -21,34 +21,35 @@ constexpr CodeText kDeviceTypes[] = {
 constexpr unsigned kEnabledBit = 0x80;
 
 struct Device {
-  // The type in the low bits, whether the device is enabled in the high one.
-  std::uint8_t Type;
+  std::uint8_t TypeAndEnabled;
   // A string number.
   std::uint8_t Description;
 };
 
-// On Board Devices Information: what is soldered to the main board. Layout: DMTF DSP0134, "On Board
-// Devices Information (Type 10, Obsolete) structure".
+// On Board Devices Information: the devices that are built into the main board. Layout: DMTF
+// DSP0134, "On Board Devices Information (Type 10, Obsolete) structure".
 class SMType10Obj final : public SMObj {
  public:
   SMType10Obj() { SetType(10); }
 
+  void SetDeviceCount(std::uint8_t value) { DeviceCount = value; }
   void SetDevices(std::vector<Device> devices) { Devices = std::move(devices); }
+
+  std::uint8_t GetDeviceCount() const { return DeviceCount; }
+
+  // Without the number at the start of the device's line.
+  ItemText GetDeviceText(const Device& device) const {
+    return {TextOfCode(kDeviceTypes, device.TypeAndEnabled & ~kEnabledBit, kNothing),
+            (device.TypeAndEnabled & kEnabledBit) != 0 ? ";Enabled;" : ";Disabled;",
+            GetString(device.Description)};
+  }
 
   std::string ToString() const override;
 
  private:
-  std::string GetDeviceText(const Device& device) const;
-
+  std::uint8_t DeviceCount = 0;
   std::vector<Device> Devices;
 };
-
-std::string SMType10Obj::GetDeviceText(const Device& device) const {
-  std::string text(TextOfCode(kDeviceTypes, device.Type & ~kEnabledBit, kNothing));
-  Append(text, {(device.Type & kEnabledBit) != 0 ? ";Enabled" : ";Disabled", ";",
-                GetString(device.Description)});
-  return text;
-}
 
 std::string SMType10Obj::ToString() const {
   TextBlock block("On Board Devices Information (Type 10)");
@@ -58,7 +59,7 @@ std::string SMType10Obj::ToString() const {
   return block.Close();
 }
 
-// A Length byte that does not even cover the header leaves no room for a device.
+// A Length shorter than the header leaves no room for a device.
 std::uint8_t CountDevices(std::uint8_t length) {
   return length < kHeaderSize ? std::uint8_t{0}
                               : static_cast<std::uint8_t>((length - kHeaderSize) / 2);
@@ -69,11 +70,11 @@ std::uint8_t CountDevices(std::uint8_t length) {
 void SMBiosReader::ReadType10(TableCursor& cursor) {
   auto object = std::make_unique<SMType10Obj>();
   ReadHeader(*object, cursor);
-  const std::uint8_t deviceCount = CountDevices(object->GetLength());
-  object->SetStringCount(deviceCount);
-  std::vector<Device> devices(deviceCount);
+  object->SetDeviceCount(CountDevices(object->GetLength()));
+  object->SetStringCount(object->GetDeviceCount());
+  std::vector<Device> devices(object->GetDeviceCount());
   for (Device& device : devices) {
-    device.Type = cursor.U8();
+    device.TypeAndEnabled = cursor.U8();
     device.Description = cursor.U8();
   }
   object->SetDevices(std::move(devices));

@@ -9,7 +9,7 @@ namespace kestrel {
 
 namespace {
 
-// OEM Strings: whatever the system's maker has to say. Layout: DMTF DSP0134, "OEM Strings (Type 11)
+// OEM Strings: free text of the system's maker. Layout: DMTF DSP0134, "OEM Strings (Type 11)
 // structure".
 class SMType11Obj final : public SMStringListObj {
  public:
@@ -22,6 +22,7 @@ void SMBiosReader::ReadType11(TableCursor& cursor) {
   auto object = std::make_unique<SMType11Obj>();
   ReadHeader(*object, cursor);
   object->SetCount(cursor.U8());
+  object->SetStringCount(object->GetCount());
   CollectStrings(*object, cursor);
   AppendObject(std::move(object));
 }

@@ -9,7 +9,7 @@ namespace kestrel {
 
 namespace {
 
-// System Configuration Options: what jumpers and switches of the main board do. Layout: DMTF
+// System Configuration Options: how to set the jumpers and switches of the main board. Layout: DMTF
 // DSP0134, "System Configuration Options (Type 12) structure".
 class SMType12Obj final : public SMStringListObj {
  public:
@@ -22,6 +22,7 @@ void SMBiosReader::ReadType12(TableCursor& cursor) {
   auto object = std::make_unique<SMType12Obj>();
   ReadHeader(*object, cursor);
   object->SetCount(cursor.U8());
+  object->SetStringCount(object->GetCount());
   CollectStrings(*object, cursor);
   AppendObject(std::move(object));
 }
