@@ -11,8 +11,8 @@ namespace kestrel {
 
 namespace {
 
-// BIOS Language Information: the languages that the BIOS can speak. Layout: DMTF DSP0134, "BIOS
-// Language Information (Type 13) structure".
+// BIOS Language Information: the languages in which the BIOS can show its texts. Layout: DMTF
+// DSP0134, "BIOS Language Information (Type 13) structure".
 class SMType13Obj final : public SMObj {
  public:
   static constexpr std::size_t kReservedSize = 15;
@@ -26,39 +26,41 @@ class SMType13Obj final : public SMObj {
 
   std::uint8_t GetInstallableLanguages() const { return InstallableLanguages; }
 
+  ItemText GetCurrentLanguageText() const {
+    return {"Current Language : ", GetString(CurrentLanguage)};
+  }
+  // The number of languages and a line for each, each with its line end.
+  std::string GetLanguagesText() const;
+  ItemText GetInstallableLanguagesText() const {
+    return {"Installable Languages : ", Decimal(InstallableLanguages)};
+  }
+  ItemText GetLanguageText(std::size_t index) const {
+    return {Decimal(index), ") ", GetStrings()[index]};
+  }
+
   std::string ToString() const override;
 
  private:
-  std::string GetCurrentLanguageText() const;
-  // Several lines, each with its line end.
-  std::string GetLanguagesText() const;
-
   std::uint8_t CurrentLanguage = 0;
-  // Held, like the flags, and shown nowhere.
   std::array<std::uint8_t, kReservedSize> Reserved{};
   std::uint8_t Flags = 0;
   std::uint8_t InstallableLanguages = 0;
 };
 
-std::string SMType13Obj::GetCurrentLanguageText() const {
-  return std::string("Current Language : ").append(GetString(CurrentLanguage));
-}
-
 std::string SMType13Obj::GetLanguagesText() const {
   std::string text;
-  Append(text, {"Installable Languages : ", Decimal(InstallableLanguages), "\r\n"});
-  unsigned number = 0;
-  for (const std::string& language : GetStrings()) {
-    Append(text, {"\t\t", Decimal(number++), ") ", language, "\r\n"});
+  Append(text, {GetInstallableLanguagesText(), "\r\n"});
+  for (std::size_t index = 0; index < GetStrings().size(); ++index) {
+    Append(text, {"\t\t", GetLanguageText(index), "\r\n"});
   }
   return text;
 }
 
 std::string SMType13Obj::ToString() const {
   TextBlock block("BIOS Language Information (Type 13)");
-  block.Item({GetCurrentLanguageText()});
-  block.Item({GetLanguagesText()});
-  // The languages end their lines themselves, so the last item's line end is the empty line.
+  block.Item(GetCurrentLanguageText());
+  block.Item(GetLanguagesText());
+  // The languages text ends with a line end, so that of its item is the empty line.
   return block.CloseWithoutEmptyLine();
 }
 

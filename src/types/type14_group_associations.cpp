@@ -9,7 +9,7 @@ namespace kestrel {
 
 namespace {
 
-// Group Associations: structures that belong together, of which the first is kept. Layout: DMTF
+// Group Associations: structures that belong together. Only the first is kept. Layout: DMTF
 // DSP0134, "Group Associations (Type 14) structure".
 class SMType14Obj final : public SMObj {
  public:
@@ -22,36 +22,24 @@ class SMType14Obj final : public SMObj {
   void SetItemType(std::uint8_t value) { ItemType = value; }
   void SetItemHandle(std::uint16_t value) { ItemHandle = value; }
 
+  ItemText GetGroupNameText() const { return {"Group Name : ", GetString(GroupName)}; }
+  ItemText GetItemTypeText() const { return {"Item Type : ", Decimal(ItemType)}; }
+  // Decimal, unlike other handles: intended.
+  ItemText GetItemHandleText() const { return {"Item Handle : ", Decimal(ItemHandle)}; }
+
   std::string ToString() const override;
 
  private:
-  std::string GetGroupNameText() const;
-  std::string GetItemTypeText() const;
-  std::string GetItemHandleText() const;
-
   std::uint16_t ItemHandle = 0;
   std::uint8_t ItemType = 0;
   std::uint8_t GroupName = 0;
 };
 
-std::string SMType14Obj::GetGroupNameText() const {
-  return std::string("Group Name : ").append(GetString(GroupName));
-}
-
-std::string SMType14Obj::GetItemTypeText() const {
-  return std::string("Item Type : ").append(Decimal(ItemType));
-}
-
-std::string SMType14Obj::GetItemHandleText() const {
-  // Decimal, unlike other handles: intended.
-  return std::string("Item Handle : ").append(Decimal(ItemHandle));
-}
-
 std::string SMType14Obj::ToString() const {
   TextBlock block("Group Associations (Type 14)");
-  block.Item({GetGroupNameText()});
-  block.Item({GetItemTypeText()});
-  block.Item({GetItemHandleText()});
+  block.Item(GetGroupNameText());
+  block.Item(GetItemTypeText());
+  block.Item(GetItemHandleText());
   return block.Close();
 }
 

@@ -16,12 +16,16 @@ constexpr CodeText kLogHeaderFormats[] = {
     {1, "Type 1 log header"},
 };
 
-// The codes that have no format of their own.
-constexpr std::string_view kFutureFormat = "Available for future assignment via this specification";
-constexpr std::string_view kVendorFormat = "BIOS Vendor or OEM-specific format";
 constexpr std::uint8_t kFirstVendorFormat = 0x80;
 
-// System Event Log: where the firmware keeps its log, and how to reach it. Layout: DMTF DSP0134,
+std::string_view TextOfLogHeaderFormat(std::uint8_t format) {
+  return TextOfCode(kLogHeaderFormats, format,
+                    format < kFirstVendorFormat
+                        ? "Available for future assignment via this specification"
+                        : "BIOS Vendor or OEM-specific format");
+}
+
+// System Event Log: where the firmware keeps its log, and how to read it. Layout: DMTF DSP0134,
 // "System Event Log (Type 15) structure".
 class SMType15Obj final : public SMObj {
  public:
@@ -40,16 +44,41 @@ class SMType15Obj final : public SMObj {
   }
   void SetLengthOfLogTypeDescriptor(std::uint8_t value) { LengthOfLogTypeDescriptor = value; }
 
-  // How many bytes of log type descriptors follow the fields.
+  // The bytes of log type descriptors that follow the fields.
   std::size_t GetDescriptorsSize() const {
     return std::size_t{NumberOfSupportedLogTypeDescriptors} * LengthOfLogTypeDescriptor;
+  }
+
+  ItemText GetLogAreaLengthText() const { return {"Log Area Length : ", Decimal(LogAreaLength)}; }
+  // No "h" after the digits in this block: intended.
+  ItemText GetLogHeaderStartOffsetText() const {
+    return {"Log Header Start Offset : ", Hex(LogHeaderStartOffset, 4)};
+  }
+  ItemText GetLogDataStartOffsetText() const {
+    return {"Log Data Start Offset : ", Hex(LogDataStartOffset, 4)};
+  }
+  ItemText GetAccessMethodText() const { return {"Access Method : ", Hex(AccessMethod, 2)}; }
+  // A lower-case "s": intended.
+  ItemText GetLogStatusText() const { return {"Log status : ", Hex(LogStatus, 2)}; }
+  ItemText GetLogChangeTokenText() const { return {"Log Change Token : ", Hex(LogChangeToken, 8)}; }
+  ItemText GetAccessMethodAddressText() const {
+    return {"Access Method Address : ", Hex(AccessMethodAddress, 8)};
+  }
+  ItemText GetLogHeaderFormatText() const {
+    return {"Log Header Format : ", TextOfLogHeaderFormat(LogHeaderFormat)};
+  }
+  ItemText GetNumberOfSupportedLogTypeDescriptorsText() const {
+    return {"Number of Supported Log Type Descriptors : ",
+            Decimal(NumberOfSupportedLogTypeDescriptors)};
+  }
+  // "each" before a plural: intended.
+  ItemText GetLengthOfLogTypeDescriptorText() const {
+    return {"Length of each Log Type Descriptors : ", Decimal(LengthOfLogTypeDescriptor)};
   }
 
   std::string ToString() const override;
 
  private:
-  std::string GetLogHeaderFormatText() const;
-
   std::uint8_t LengthOfLogTypeDescriptor = 0;
   std::uint8_t NumberOfSupportedLogTypeDescriptors = 0;
   std::uint8_t LogHeaderFormat = 0;
@@ -62,28 +91,18 @@ class SMType15Obj final : public SMObj {
   std::uint16_t LogAreaLength = 0;
 };
 
-std::string SMType15Obj::GetLogHeaderFormatText() const {
-  const std::string_view unlisted =
-      LogHeaderFormat < kFirstVendorFormat ? kFutureFormat : kVendorFormat;
-  return std::string("Log Header Format : ")
-      .append(TextOfCode(kLogHeaderFormats, LogHeaderFormat, unlisted));
-}
-
 std::string SMType15Obj::ToString() const {
   TextBlock block("System Event Log (Type 15)");
-  block.Item({"Log Area Length : ", Decimal(LogAreaLength)});
-  // No "h" behind the digits of this block: intended.
-  block.Item({"Log Header Start Offset : ", Hex(LogHeaderStartOffset, 4)});
-  block.Item({"Log Data Start Offset : ", Hex(LogDataStartOffset, 4)});
-  block.Item({"Access Method : ", Hex(AccessMethod, 2)});
-  block.Item({"Log status : ", Hex(LogStatus, 2)});  // A small "s": intended.
-  block.Item({"Log Change Token : ", Hex(LogChangeToken, 8)});
-  block.Item({"Access Method Address : ", Hex(AccessMethodAddress, 8)});
-  block.Item({GetLogHeaderFormatText()});
-  block.Item({"Number of Supported Log Type Descriptors : ",
-              Decimal(NumberOfSupportedLogTypeDescriptors)});
-  // "each" with a plural: intended.
-  block.Item({"Length of each Log Type Descriptors : ", Decimal(LengthOfLogTypeDescriptor)});
+  block.Item(GetLogAreaLengthText());
+  block.Item(GetLogHeaderStartOffsetText());
+  block.Item(GetLogDataStartOffsetText());
+  block.Item(GetAccessMethodText());
+  block.Item(GetLogStatusText());
+  block.Item(GetLogChangeTokenText());
+  block.Item(GetAccessMethodAddressText());
+  block.Item(GetLogHeaderFormatText());
+  block.Item(GetNumberOfSupportedLogTypeDescriptorsText());
+  block.Item(GetLengthOfLogTypeDescriptorText());
   return block.Close();
 }
 
