@@ -2,7 +2,6 @@
 
 #include "model/code_text.h"
 #include "model/table_cursor.h"
-#include "model/text.h"
 
 namespace kestrel {
 
@@ -38,12 +37,28 @@ constexpr CodeText kErrorOperations[] = {
 
 }  // namespace
 
+ItemText SMMemoryErrorObj::GetErrorTypeText() const {
+  return {"Error Type : ", TextOfCode(kErrorTypes, ErrorType, kNothing)};
+}
+
+ItemText SMMemoryErrorObj::GetErrorGranularityText() const {
+  return {"Error Granularity : ", TextOfCode(kErrorGranularities, ErrorGranularity, kNothing)};
+}
+
+ItemText SMMemoryErrorObj::GetErrorOperationText() const {
+  return {"Error Operation : ", TextOfCode(kErrorOperations, ErrorOperation, kNothing)};
+}
+
+// No "h" after the digits: intended.
+ItemText SMMemoryErrorObj::GetVendorSyndromeText() const {
+  return {"Vendor Syndrome : ", Hex(VendorSyndrome, 8)};
+}
+
 void SMMemoryErrorObj::AddCommonItems(TextBlock& block) const {
-  block.Item({"Error Type : ", TextOfCode(kErrorTypes, ErrorType, kNothing)});
-  block.Item({"Error Granularity : ", TextOfCode(kErrorGranularities, ErrorGranularity, kNothing)});
-  block.Item({"Error Operation : ", TextOfCode(kErrorOperations, ErrorOperation, kNothing)});
-  // No "h" behind the digits: intended.
-  block.Item({"Vendor Syndrome : ", Hex(VendorSyndrome, 8)});
+  block.Item(GetErrorTypeText());
+  block.Item(GetErrorGranularityText());
+  block.Item(GetErrorOperationText());
+  block.Item(GetVendorSyndromeText());
 }
 
 void ReadMemoryErrorFields(SMMemoryErrorObj& object, TableCursor& cursor) {

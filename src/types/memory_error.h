@@ -3,13 +3,13 @@
 #include <cstdint>
 
 #include "model/sm_obj.h"
+#include "model/text.h"
 
 namespace kestrel {
 
 class TableCursor;
-class TextBlock;
 
-// What 32-bit and 64-bit Memory Error Information have in common: what happened, without where.
+// What 32-bit and 64-bit Memory Error Information have in common: what happened, but not where.
 class SMMemoryErrorObj : public SMObj {
  public:
   void SetErrorType(std::uint8_t value) { ErrorType = value; }
@@ -17,8 +17,13 @@ class SMMemoryErrorObj : public SMObj {
   void SetErrorOperation(std::uint8_t value) { ErrorOperation = value; }
   void SetVendorSyndrome(std::uint32_t value) { VendorSyndrome = value; }
 
+  ItemText GetErrorTypeText() const;
+  ItemText GetErrorGranularityText() const;
+  ItemText GetErrorOperationText() const;
+  ItemText GetVendorSyndromeText() const;
+
  protected:
-  // Adds the lines with which both blocks begin.
+  // Adds the lines that both blocks begin with.
   void AddCommonItems(TextBlock& block) const;
 
  private:
@@ -28,7 +33,7 @@ class SMMemoryErrorObj : public SMObj {
   std::uint8_t ErrorType = 0;
 };
 
-// Takes the fields with which both layouts go on behind the header.
+// Reads the fields that follow the header in both layouts.
 void ReadMemoryErrorFields(SMMemoryErrorObj& object, TableCursor& cursor);
 
 }  // namespace kestrel

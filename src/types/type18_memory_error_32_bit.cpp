@@ -10,7 +10,7 @@ namespace kestrel {
 
 namespace {
 
-// 32-bit Memory Error Information: the last memory error, at 32-bit addresses. Layout: DMTF
+// 32-bit Memory Error Information: the last memory error, with 32-bit addresses. Layout: DMTF
 // DSP0134, "32-Bit Memory Error Information (Type 18) structure".
 class SMType18Obj final : public SMMemoryErrorObj {
  public:
@@ -19,6 +19,17 @@ class SMType18Obj final : public SMMemoryErrorObj {
   void SetMemoryArrayErrorAddress(std::uint32_t value) { MemoryArrayErrorAddress = value; }
   void SetDeviceErrorAddress(std::uint32_t value) { DeviceErrorAddress = value; }
   void SetErrorResolution(std::uint32_t value) { ErrorResolution = value; }
+
+  // The numbers of this block are bare digits, even where the value is unknown: intended.
+  ItemText GetMemoryArrayErrorAddressText() const {
+    return {"Memory Array Error Address : ", Hex(MemoryArrayErrorAddress, 8)};
+  }
+  ItemText GetDeviceErrorAddressText() const {
+    return {"Device Error Address : ", Hex(DeviceErrorAddress, 8)};
+  }
+  ItemText GetErrorResolutionText() const {
+    return {"Error Resolution : ", Hex(ErrorResolution, 8)};
+  }
 
   std::string ToString() const override;
 
@@ -31,10 +42,9 @@ class SMType18Obj final : public SMMemoryErrorObj {
 std::string SMType18Obj::ToString() const {
   TextBlock block("32-bit Memory Error Information (Type 18)");
   AddCommonItems(block);
-  // Digits alone, also for what the firmware cannot tell: intended.
-  block.Item({"Memory Array Error Address : ", Hex(MemoryArrayErrorAddress, 8)});
-  block.Item({"Device Error Address : ", Hex(DeviceErrorAddress, 8)});
-  block.Item({"Error Resolution : ", Hex(ErrorResolution, 8)});
+  block.Item(GetMemoryArrayErrorAddressText());
+  block.Item(GetDeviceErrorAddressText());
+  block.Item(GetErrorResolutionText());
   return block.Close();
 }
 

@@ -11,7 +11,17 @@ namespace kestrel {
 
 namespace {
 
-// 64-bit Memory Error Information: the last memory error, at 64-bit addresses. Layout: DMTF
+// The upper 32 bits of a number that the firmware does not know; the others do not count.
+constexpr std::uint32_t kUnknownNumber = 0x80000000;
+
+ItemText TextOfNumber(std::uint64_t number, unsigned bits) {
+  if (number >> (bits - 32) == kUnknownNumber) {
+    return {kUnknown};
+  }
+  return {Hex(number, bits / 4), "h"};
+}
+
+// 64-bit Memory Error Information: the last memory error, with 64-bit addresses. Layout: DMTF
 // DSP0134, "64-Bit Memory Error Information (Type 33) structure".
 class SMType33Obj final : public SMMemoryErrorObj {
  public:
@@ -21,6 +31,16 @@ class SMType33Obj final : public SMMemoryErrorObj {
   void SetDeviceErrorAddress(std::uint64_t value) { DeviceErrorAddress = value; }
   void SetErrorResolution(std::uint32_t value) { ErrorResolution = value; }
 
+  ItemText GetMemoryArrayErrorAddressText() const {
+    return {"Memory Array Error Address : ", TextOfNumber(MemoryArrayErrorAddress, 64)};
+  }
+  ItemText GetDeviceErrorAddressText() const {
+    return {"Device Error Address : ", TextOfNumber(DeviceErrorAddress, 64)};
+  }
+  ItemText GetErrorResolutionText() const {
+    return {"Error Resolution : ", TextOfNumber(ErrorResolution, 32)};
+  }
+
   std::string ToString() const override;
 
  private:
@@ -29,23 +49,12 @@ class SMType33Obj final : public SMMemoryErrorObj {
   std::uint64_t MemoryArrayErrorAddress = 0;
 };
 
-// The upper 32 bits of a number that the firmware cannot give; the bits below them do not count.
-constexpr std::uint32_t kNotGiven = 0x80000000;
-
-void AddNumber(TextBlock& block, std::string_view label, std::uint64_t number, unsigned bits) {
-  if (number >> (bits - 32) == kNotGiven) {
-    block.Item({label, kUnknown});
-  } else {
-    block.Item({label, Hex(number, bits / 4), "h"});
-  }
-}
-
 std::string SMType33Obj::ToString() const {
   TextBlock block("64-bit Memory Error Information (Type 33)");
   AddCommonItems(block);
-  AddNumber(block, "Memory Array Error Address : ", MemoryArrayErrorAddress, 64);
-  AddNumber(block, "Device Error Address : ", DeviceErrorAddress, 64);
-  AddNumber(block, "Error Resolution : ", ErrorResolution, 32);
+  block.Item(GetMemoryArrayErrorAddressText());
+  block.Item(GetDeviceErrorAddressText());
+  block.Item(GetErrorResolutionText());
   return block.Close();
 }
 
