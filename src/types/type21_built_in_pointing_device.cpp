@@ -32,7 +32,7 @@ constexpr CodeText kInterfaces[] = {
     {0xA2, "USB"},
 };
 
-// Built-in Pointing Device: what takes the place of a mouse on a portable system. Layout: DMTF
+// Built-in Pointing Device: what a portable system has in place of a mouse. Layout: DMTF
 // DSP0134, "Built-in Pointing Device (Type 21) structure".
 class SMType21Obj final : public SMObj {
  public:
@@ -41,6 +41,16 @@ class SMType21Obj final : public SMObj {
   void SetDeviceType(std::uint8_t value) { DeviceType = value; }
   void SetInterface(std::uint8_t value) { Interface = value; }
   void SetNumberOfButtons(std::uint8_t value) { NumberOfButtons = value; }
+
+  ItemText GetDeviceTypeText() const {
+    return {"Device Type : ", TextOfCode(kDeviceTypes, DeviceType, kNothing)};
+  }
+  ItemText GetInterfaceText() const {
+    return {"Interface : ", TextOfCode(kInterfaces, Interface, kNothing)};
+  }
+  ItemText GetNumberOfButtonsText() const {
+    return {"Number of Buttons : ", Decimal(NumberOfButtons)};
+  }
 
   std::string ToString() const override;
 
@@ -52,9 +62,9 @@ class SMType21Obj final : public SMObj {
 
 std::string SMType21Obj::ToString() const {
   TextBlock block("Built-in Pointing Device (Type 21)");
-  block.Item({"Device Type : ", TextOfCode(kDeviceTypes, DeviceType, kNothing)});
-  block.Item({"Interface : ", TextOfCode(kInterfaces, Interface, kNothing)});
-  block.Item({"Number of Buttons : ", Decimal(NumberOfButtons)});
+  block.Item(GetDeviceTypeText());
+  block.Item(GetInterfaceText());
+  block.Item(GetNumberOfButtonsText());
   return block.Close();
 }
 

@@ -23,7 +23,7 @@ constexpr CodeText kDeviceChemistries[] = {
     {8, "Lithium Polymer"},
 };
 
-// Portable Battery: a battery and what its Smart Battery Data (SBDS) says of it. Layout: DMTF
+// Portable Battery: a battery and its Smart Battery Data (SBDS). Layout: DMTF
 // DSP0134, "Portable Battery (Type 22) structure".
 class SMType22Obj final : public SMObj {
  public:
@@ -48,13 +48,57 @@ class SMType22Obj final : public SMObj {
   void SetDesignCapacityMultiplier(std::uint8_t value) { DesignCapacityMultiplier = value; }
   void SetOemSpecific(std::uint32_t value) { OemSpecific = value; }
 
+  ItemText GetLocationText() const { return {"Location : ", GetString(Location)}; }
+  ItemText GetManufacturerText() const { return {"Manufacturer : ", GetString(Manufacturer)}; }
+  // "Manufacturer", not "Manufacture": intended.
+  ItemText GetManufactureDateText() const {
+    return {"Manufacturer Date : ", GetString(ManufactureDate)};
+  }
+  ItemText GetSerialNumberText() const { return {"Serial Number : ", GetString(SerialNumber)}; }
+  ItemText GetDeviceNameText() const { return {"Device Name : ", GetString(DeviceName)}; }
+  ItemText GetDeviceChemistryText() const {
+    return {"Device Chemistry : ", TextOfCode(kDeviceChemistries, DeviceChemistry, kNothing)};
+  }
+  // Not multiplied: the multiplier has its own line.
+  ItemText GetDesignCapacityText() const {
+    return {"Design Capacity : ", Decimal(DesignCapacity), "mW"};
+  }
+  ItemText GetDesignVoltageText() const {
+    return {"Design Voltage : ", Decimal(DesignVoltage), "mV"};
+  }
+  ItemText GetSbdsVersionNumberText() const {
+    return {"SBDS Version Number : ", GetString(SbdsVersionNumber)};
+  }
+  ItemText GetMaximumErrorInBatteryDataText() const {
+    return {"Maximum Error in Battery Data : ", Decimal(MaximumErrorInBatteryData)};
+  }
+  ItemText GetSbdsSerialNumberText() const {
+    return {"SBDS Serial Number : ", Hex(SbdsSerialNumber, 4)};
+  }
+  // Years since 1980, not a calendar year: intended.
+  ItemText GetSbdsManufactureDateText() const {
+    return {"SBDS Manufacture Date : ",
+            Decimal(SbdsManufactureDate >> 9U),
+            "/",
+            Decimal(SbdsManufactureDate >> 5U & 0x0FU),
+            "/",
+            Decimal(SbdsManufactureDate & 0x1FU)};
+  }
+  ItemText GetSbdsDeviceChemistryText() const {
+    return {"SBDS Device Chemistry : ", GetString(SbdsDeviceChemistry)};
+  }
+  ItemText GetDesignCapacityMultiplierText() const {
+    return {"Design Capacity Multiplier : ", Decimal(DesignCapacityMultiplier)};
+  }
+  ItemText GetOemSpecificText() const { return {"OEM-specific : ", Decimal(OemSpecific)}; }
+
   std::string ToString() const override;
 
  private:
   std::uint32_t OemSpecific = 0;
   std::uint8_t DesignCapacityMultiplier = 0;
   std::uint8_t SbdsDeviceChemistry = 0;
-  // Bits 15:9 the year from 1980 on, bits 8:5 the month, bits 4:0 the day.
+  // Bits 15:9 are the years since 1980, bits 8:5 the month, bits 4:0 the day.
   std::uint16_t SbdsManufactureDate = 0;
   std::uint16_t SbdsSerialNumber = 0;
   std::uint8_t MaximumErrorInBatteryData = 0;
@@ -71,25 +115,21 @@ class SMType22Obj final : public SMObj {
 
 std::string SMType22Obj::ToString() const {
   TextBlock block("Portable Battery (Type 22)");
-  block.Item({"Location : ", GetString(Location)});
-  block.Item({"Manufacturer : ", GetString(Manufacturer)});
-  block.Item({"Manufacturer Date : ", GetString(ManufactureDate)});  // "Manufacturer": intended.
-  block.Item({"Serial Number : ", GetString(SerialNumber)});
-  block.Item({"Device Name : ", GetString(DeviceName)});
-  block.Item({"Device Chemistry : ", TextOfCode(kDeviceChemistries, DeviceChemistry, kNothing)});
-  // As stored: the multiplier has its own line.
-  block.Item({"Design Capacity : ", Decimal(DesignCapacity), "mW"});
-  block.Item({"Design Voltage : ", Decimal(DesignVoltage), "mV"});
-  block.Item({"SBDS Version Number : ", GetString(SbdsVersionNumber)});
-  block.Item({"Maximum Error in Battery Data : ", Decimal(MaximumErrorInBatteryData)});
-  block.Item({"SBDS Serial Number : ", Hex(SbdsSerialNumber, 4)});
-  // The year as stored, counted from 1980: intended.
-  block.Item({"SBDS Manufacture Date : ", Decimal(SbdsManufactureDate >> 9U), "/",
-              Decimal(SbdsManufactureDate >> 5U & 0x0FU), "/",
-              Decimal(SbdsManufactureDate & 0x1FU)});
-  block.Item({"SBDS Device Chemistry : ", GetString(SbdsDeviceChemistry)});
-  block.Item({"Design Capacity Multiplier : ", Decimal(DesignCapacityMultiplier)});
-  block.Item({"OEM-specific : ", Decimal(OemSpecific)});
+  block.Item(GetLocationText());
+  block.Item(GetManufacturerText());
+  block.Item(GetManufactureDateText());
+  block.Item(GetSerialNumberText());
+  block.Item(GetDeviceNameText());
+  block.Item(GetDeviceChemistryText());
+  block.Item(GetDesignCapacityText());
+  block.Item(GetDesignVoltageText());
+  block.Item(GetSbdsVersionNumberText());
+  block.Item(GetMaximumErrorInBatteryDataText());
+  block.Item(GetSbdsSerialNumberText());
+  block.Item(GetSbdsManufactureDateText());
+  block.Item(GetSbdsDeviceChemistryText());
+  block.Item(GetDesignCapacityMultiplierText());
+  block.Item(GetOemSpecificText());
   return block.Close();
 }
 

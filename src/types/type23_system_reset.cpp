@@ -11,8 +11,8 @@ namespace kestrel {
 
 namespace {
 
-// System Reset: whether and when the firmware resets a system that hangs. Shown undecoded. Layout:
-// DMTF DSP0134, "System Reset (Type 23) structure".
+// System Reset: whether and when the firmware resets a system that hangs. Its values are shown as
+// stored. Layout: DMTF DSP0134, "System Reset (Type 23) structure".
 class SMType23Obj final : public SMObj {
  public:
   SMType23Obj() { SetType(23); }
@@ -22,6 +22,12 @@ class SMType23Obj final : public SMObj {
   void SetResetLimit(std::uint16_t value) { ResetLimit = value; }
   void SetTimerInterval(std::uint16_t value) { TimerInterval = value; }
   void SetTimeout(std::uint16_t value) { Timeout = value; }
+
+  ItemText GetCapabilitiesText() const { return {"Capabilities : ", Hex(Capabilities, 2)}; }
+  ItemText GetResetCountText() const { return {"Reset Count : ", Hex(ResetCount, 4)}; }
+  ItemText GetResetLimitText() const { return {"Reset Limit : ", Hex(ResetLimit, 4)}; }
+  ItemText GetTimerIntervalText() const { return {"Timer Interval : ", Hex(TimerInterval, 4)}; }
+  ItemText GetTimeoutText() const { return {"Timeout : ", Hex(Timeout, 4)}; }
 
   std::string ToString() const override;
 
@@ -35,11 +41,11 @@ class SMType23Obj final : public SMObj {
 
 std::string SMType23Obj::ToString() const {
   TextBlock block("System Reset (Type 23)");
-  block.Item({"Capabilities : ", Hex(Capabilities, 2)});
-  block.Item({"Reset Count : ", Hex(ResetCount, 4)});
-  block.Item({"Reset Limit : ", Hex(ResetLimit, 4)});
-  block.Item({"Timer Interval : ", Hex(TimerInterval, 4)});
-  block.Item({"Timeout : ", Hex(Timeout, 4)});
+  block.Item(GetCapabilitiesText());
+  block.Item(GetResetCountText());
+  block.Item(GetResetLimitText());
+  block.Item(GetTimerIntervalText());
+  block.Item(GetTimeoutText());
   return block.Close();
 }
 

@@ -12,32 +12,39 @@ namespace kestrel {
 
 namespace {
 
-// By the value of a status field, which is two bits wide.
 constexpr std::string_view kStatuses[] = {"Disabled", "Enabled", "Not Implemented", "Unknown"};
 
-// Hardware Security: which passwords and locks of the system are in force. Layout: DMTF DSP0134,
-// "Hardware Security (Type 24) structure".
+// The text of the two lowest bits.
+std::string_view TextOfStatus(unsigned bits) { return kStatuses[bits & 3U]; }
+
+// Hardware Security: which of the system's passwords are enabled, and its reset button. Layout:
+// DMTF DSP0134, "Hardware Security (Type 24) structure".
 class SMType24Obj final : public SMObj {
  public:
   SMType24Obj() { SetType(24); }
 
   void SetHardwareSecuritySettings(std::uint8_t value) { HardwareSecuritySettings = value; }
 
+  ItemText GetHardwareSecuritySettingsText() const {
+    return {"Hardware Security Setting : Power-on Password Status--",
+            TextOfStatus(HardwareSecuritySettings >> 6U),
+            "; Keyboard Password Status--",
+            TextOfStatus(HardwareSecuritySettings >> 4U),
+            "; Administrator Password Status--",
+            TextOfStatus(HardwareSecuritySettings >> 2U),
+            "; Front Panel Reset Status--",
+            TextOfStatus(HardwareSecuritySettings)};
+  }
+
   std::string ToString() const override;
 
  private:
-  std::string_view GetStatusText(unsigned lowestBit) const {
-    return kStatuses[HardwareSecuritySettings >> lowestBit & 3U];
-  }
-
   std::uint8_t HardwareSecuritySettings = 0;
 };
 
 std::string SMType24Obj::ToString() const {
   TextBlock block("Hardware Security (Type 24)");
-  block.Item({"Hardware Security Setting : Power-on Password Status--", GetStatusText(6),
-              "; Keyboard Password Status--", GetStatusText(4), "; Administrator Password Status--",
-              GetStatusText(2), "; Front Panel Reset Status--", GetStatusText(0)});
+  block.Item(GetHardwareSecuritySettingsText());
   return block.Close();
 }
 

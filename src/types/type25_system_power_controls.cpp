@@ -1,7 +1,6 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <utility>
 
 #include "model/smbios_reader.h"
@@ -12,7 +11,11 @@ namespace kestrel {
 
 namespace {
 
-// System Power Controls: when the system next switches itself on. Every field holds two BCD digits.
+// A half above 9 is no BCD digit and is shown as the number it is: FFh, which stands for every
+// month or day, is "1515".
+ItemText TextOfBcd(std::uint8_t value) { return {Decimal(value >> 4U), Decimal(value & 0x0FU)}; }
+
+// System Power Controls: when the system next turns itself on. Every field holds two BCD digits.
 // Layout: DMTF DSP0134, "System Power Controls (Type 25) structure".
 class SMType25Obj final : public SMObj {
  public:
@@ -24,6 +27,22 @@ class SMType25Obj final : public SMObj {
   void SetNextScheduledPowerOnMinute(std::uint8_t value) { NextScheduledPowerOnMinute = value; }
   void SetNextScheduledPowerOnSecond(std::uint8_t value) { NextScheduledPowerOnSecond = value; }
 
+  ItemText GetNextScheduledPowerOnMonthText() const {
+    return {"Next Scheduled Power-on Month : ", TextOfBcd(NextScheduledPowerOnMonth)};
+  }
+  ItemText GetNextScheduledPowerOnDayText() const {
+    return {"Next Scheduled Power-on Day : ", TextOfBcd(NextScheduledPowerOnDay)};
+  }
+  ItemText GetNextScheduledPowerOnHourText() const {
+    return {"Next Scheduled Power-on Hour : ", TextOfBcd(NextScheduledPowerOnHour)};
+  }
+  ItemText GetNextScheduledPowerOnMinuteText() const {
+    return {"Next Scheduled Power-on Minute : ", TextOfBcd(NextScheduledPowerOnMinute)};
+  }
+  ItemText GetNextScheduledPowerOnSecondText() const {
+    return {"Next Scheduled Power-on Second : ", TextOfBcd(NextScheduledPowerOnSecond)};
+  }
+
   std::string ToString() const override;
 
  private:
@@ -34,19 +53,13 @@ class SMType25Obj final : public SMObj {
   std::uint8_t NextScheduledPowerOnMonth = 0;
 };
 
-void AddBcdItem(TextBlock& block, std::string_view label, std::uint8_t value) {
-  // A half above 9 is no BCD digit and shows as the number it is: FFh, for any month or day, gives
-  // "1515".
-  block.Item({label, Decimal(value >> 4U), Decimal(value & 0x0FU)});
-}
-
 std::string SMType25Obj::ToString() const {
   TextBlock block("System Power Controls (Type 25)");
-  AddBcdItem(block, "Next Scheduled Power-on Month : ", NextScheduledPowerOnMonth);
-  AddBcdItem(block, "Next Scheduled Power-on Day : ", NextScheduledPowerOnDay);
-  AddBcdItem(block, "Next Scheduled Power-on Hour : ", NextScheduledPowerOnHour);
-  AddBcdItem(block, "Next Scheduled Power-on Minute : ", NextScheduledPowerOnMinute);
-  AddBcdItem(block, "Next Scheduled Power-on Second : ", NextScheduledPowerOnSecond);
+  block.Item(GetNextScheduledPowerOnMonthText());
+  block.Item(GetNextScheduledPowerOnDayText());
+  block.Item(GetNextScheduledPowerOnHourText());
+  block.Item(GetNextScheduledPowerOnMinuteText());
+  block.Item(GetNextScheduledPowerOnSecondText());
   return block.Close();
 }
 

@@ -12,6 +12,8 @@ namespace kestrel {
 
 namespace {
 
+std::string_view TextOfState(unsigned bit) { return bit != 0 ? "Enabled" : "Disabled"; }
+
 // Out-of-Band Remote Access: whether the system can be reached, or can call out, without its
 // operating system. Layout: DMTF DSP0134, "Out-of-Band Remote Access (Type 30) structure".
 class SMType30Obj final : public SMObj {
@@ -24,22 +26,26 @@ class SMType30Obj final : public SMObj {
   void SetManufacturerName(std::uint8_t value) { ManufacturerName = value; }
   void SetConnections(std::uint8_t value) { Connections = value; }
 
+  // "Description" for the manufacturer: intended.
+  ItemText GetManufacturerNameText() const {
+    return {"Description : ", GetString(ManufacturerName)};
+  }
+  ItemText GetConnectionsText() const {
+    return {"Connections : Inbound Connection ", TextOfState(Connections & 1U),
+            "; Outbound Connection ", TextOfState(Connections & 2U)};
+  }
+
   std::string ToString() const override;
 
  private:
-  std::string_view GetConnectionText(std::uint8_t mask) const {
-    return (Connections & mask) != 0 ? "Enabled" : "Disabled";
-  }
-
   std::uint8_t Connections = 0;
   std::uint8_t ManufacturerName = 0;
 };
 
 std::string SMType30Obj::ToString() const {
   TextBlock block("Out-of-Band Remote Access (Type 30)");
-  block.Item({"Description : ", GetString(ManufacturerName)});  // "Description": intended.
-  block.Item({"Connections : Inbound Connection ", GetConnectionText(0x01),
-              "; Outbound Connection ", GetConnectionText(0x02)});
+  block.Item(GetManufacturerNameText());
+  block.Item(GetConnectionsText());
   return block.Close();
 }
 
