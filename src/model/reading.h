@@ -8,17 +8,15 @@
 
 namespace kestrel {
 
-// What firmware stores for a reading that it cannot give.
+// What firmware stores for a reading that it does not know.
 inline constexpr std::uint16_t kUnknownReading = 0x8000;
 
-// Adds the item of a reading: the number as it is stored, with the unit right behind it.
-inline void AddReading(TextBlock& block, std::string_view label, std::uint16_t value,
-                       std::string_view unit) {
+// The number as stored, directly followed by its unit.
+inline ItemText TextOfReading(std::uint16_t value, std::string_view unit) {
   if (value == kUnknownReading) {
-    block.Item({label, kUnknown});
-  } else {
-    block.Item({label, Decimal(value), unit});
+    return {kUnknown};
   }
+  return {Decimal(value), unit};
 }
 
 }  // namespace kestrel

@@ -3,7 +3,6 @@
 #include "model/code_text.h"
 #include "model/reading.h"
 #include "model/table_cursor.h"
-#include "model/text.h"
 
 namespace kestrel {
 
@@ -46,18 +45,54 @@ std::string_view TextOfStatus(std::uint8_t packed) {
   return TextOfCode(kStatuses, packed >> 5U, kNothing);
 }
 
+ItemText SMProbeObj::GetDescriptionText() const {
+  return {"Description : ", GetString(Description)};
+}
+
+ItemText SMProbeObj::GetLocationAndStatusText() const {
+  return {"Location And Status : Status--", TextOfStatus(LocationAndStatus), "; Location--",
+          TextOfCode(kLocations, CodeBesideStatus(LocationAndStatus), kNothing)};
+}
+
+ItemText SMProbeObj::GetMaximumValueText() const {
+  return {"Maximum Value : ", TextOfReading(MaximumValue, Texts.Unit)};
+}
+
+ItemText SMProbeObj::GetMinimumValueText() const {
+  return {"Minimum Value : ", TextOfReading(MinimumValue, Texts.Unit)};
+}
+
+ItemText SMProbeObj::GetResolutionText() const {
+  return {"Resolution : ", TextOfReading(Resolution, Texts.ResolutionUnit)};
+}
+
+ItemText SMProbeObj::GetToleranceText() const {
+  return {"Tolerance : ", TextOfReading(Tolerance, kNoUnit)};
+}
+
+ItemText SMProbeObj::GetAccuracyText() const {
+  return {"Accuracy : ", TextOfReading(Accuracy, kNoUnit)};
+}
+
+ItemText SMProbeObj::GetOemDefinedText() const {
+  return {"OEM-defined : ", Hex(OemDefined, 8), "h"};
+}
+
+ItemText SMProbeObj::GetNominalValueText() const {
+  return {"Nominal Value : ", TextOfReading(NominalValue, Texts.Unit)};
+}
+
 std::string SMProbeObj::ToString() const {
   TextBlock block(Texts.Title);
-  block.Item({"Description : ", GetString(Description)});
-  block.Item({"Location And Status : Status--", TextOfStatus(LocationAndStatus), "; Location--",
-              TextOfCode(kLocations, CodeBesideStatus(LocationAndStatus), kNothing)});
-  AddReading(block, "Maximum Value : ", MaximumValue, Texts.Unit);
-  AddReading(block, "Minimum Value : ", MinimumValue, Texts.Unit);
-  AddReading(block, "Resolution : ", Resolution, Texts.ResolutionUnit);
-  AddReading(block, "Tolerance : ", Tolerance, kNoUnit);
-  AddReading(block, "Accuracy : ", Accuracy, kNoUnit);
-  block.Item({"OEM-defined : ", Hex(OemDefined, 8), "h"});
-  AddReading(block, "Nominal Value : ", NominalValue, Texts.Unit);
+  block.Item(GetDescriptionText());
+  block.Item(GetLocationAndStatusText());
+  block.Item(GetMaximumValueText());
+  block.Item(GetMinimumValueText());
+  block.Item(GetResolutionText());
+  block.Item(GetToleranceText());
+  block.Item(GetAccuracyText());
+  block.Item(GetOemDefinedText());
+  block.Item(GetNominalValueText());
   return block.Close();
 }
 

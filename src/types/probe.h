@@ -5,20 +5,21 @@
 #include <string_view>
 
 #include "model/sm_obj.h"
+#include "model/text.h"
 
 namespace kestrel {
 
 class TableCursor;
 
-// In what the kinds of probes differ.
+// What distinguishes one kind of probe from another.
 struct ProbeTexts {
   std::string_view Title;
   std::string_view Unit;
   std::string_view ResolutionUnit;
 };
 
-// A sensor that watches a voltage, a temperature or a current. The kinds of probes share one layout
-// and are classes of their own only for their type and their texts.
+// A sensor that measures a voltage, a temperature or a current. All kinds of probes share one
+// layout; their classes differ only in type and texts.
 class SMProbeObj : public SMObj {
  public:
   // The texts must outlive the object.
@@ -33,6 +34,16 @@ class SMProbeObj : public SMObj {
   void SetAccuracy(std::uint16_t value) { Accuracy = value; }
   void SetOemDefined(std::uint32_t value) { OemDefined = value; }
   void SetNominalValue(std::uint16_t value) { NominalValue = value; }
+
+  ItemText GetDescriptionText() const;
+  ItemText GetLocationAndStatusText() const;
+  ItemText GetMaximumValueText() const;
+  ItemText GetMinimumValueText() const;
+  ItemText GetResolutionText() const;
+  ItemText GetToleranceText() const;
+  ItemText GetAccuracyText() const;
+  ItemText GetOemDefinedText() const;
+  ItemText GetNominalValueText() const;
 
   std::string ToString() const override;
 
@@ -49,11 +60,11 @@ class SMProbeObj : public SMObj {
   std::uint8_t Description = 0;
 };
 
-// Takes the fields behind the header.
+// Reads the fields that follow the header.
 void ReadProbeFields(SMProbeObj& probe, TableCursor& cursor);
 
-// Probes and cooling devices pack two codes into one byte: what the device is or where it sits in
-// bits 4:0, its status in bits 7:5.
+// Probes and cooling devices pack two codes into one byte: the probe's location or the cooling
+// device's type in bits 4:0, the status in bits 7:5.
 constexpr unsigned CodeBesideStatus(std::uint8_t packed) { return packed & 0x1FU; }
 std::string_view TextOfStatus(std::uint8_t packed);
 

@@ -9,10 +9,10 @@ namespace kestrel {
 
 namespace {
 
-// The resolution is in tenths of a millivolt; the plain unit is intended.
+// "mV" for the resolution, which is in tenths of a millivolt: intended.
 constexpr ProbeTexts kTexts = {"Voltage Probe (Type 26)", "mV", "mV"};
 
-// Voltage Probe: a sensor that watches a voltage. Layout: DMTF DSP0134, "Voltage Probe (Type 26)
+// Voltage Probe: a sensor that measures a voltage. Layout: DMTF DSP0134, "Voltage Probe (Type 26)
 // structure".
 class SMType26Obj final : public SMProbeObj {
  public:

@@ -38,6 +38,25 @@ class SMType27Obj final : public SMObj {
   void SetOemDefined(std::uint32_t value) { OemDefined = value; }
   void SetNominalSpeed(std::uint16_t value) { NominalSpeed = value; }
 
+  ItemText GetTemperatureProbeHandleText() const {
+    return {"Temperature Probe Handle : ", Hex(TemperatureProbeHandle, 4), "h"};
+  }
+  ItemText GetDeviceTypeAndStatusText() const {
+    return {"Type And Status : Status--", TextOfStatus(DeviceTypeAndStatus), "; Type--",
+            TextOfCode(kDeviceTypes, CodeBesideStatus(DeviceTypeAndStatus), kNothing)};
+  }
+  ItemText GetCoolingUnitGroupText() const {
+    return {"Cooling Unit Group : ", Hex(CoolingUnitGroup, 2), "h"};
+  }
+  ItemText GetOemDefinedText() const { return {"OEM-defined : ", Hex(OemDefined, 8), "h"}; }
+  ItemText GetNominalSpeedText() const {
+    if (NominalSpeed == kUnknownReading) {
+      return {"Nominal Speed : ", kUnknown};
+    }
+    // Hexadecimal, unlike other readings: intended.
+    return {"Nominal Speed : ", Hex(NominalSpeed, 4), "h"};
+  }
+
   std::string ToString() const override;
 
  private:
@@ -50,17 +69,11 @@ class SMType27Obj final : public SMObj {
 
 std::string SMType27Obj::ToString() const {
   TextBlock block("Cooling Device (Type 27)");
-  block.Item({"Temperature Probe Handle : ", Hex(TemperatureProbeHandle, 4), "h"});
-  block.Item({"Type And Status : Status--", TextOfStatus(DeviceTypeAndStatus), "; Type--",
-              TextOfCode(kDeviceTypes, CodeBesideStatus(DeviceTypeAndStatus), kNothing)});
-  block.Item({"Cooling Unit Group : ", Hex(CoolingUnitGroup, 2), "h"});
-  block.Item({"OEM-defined : ", Hex(OemDefined, 8), "h"});
-  if (NominalSpeed == kUnknownReading) {
-    block.Item({"Nominal Speed : ", kUnknown});
-  } else {
-    // Hexadecimal, unlike other readings: intended.
-    block.Item({"Nominal Speed : ", Hex(NominalSpeed, 4), "h"});
-  }
+  block.Item(GetTemperatureProbeHandleText());
+  block.Item(GetDeviceTypeAndStatusText());
+  block.Item(GetCoolingUnitGroupText());
+  block.Item(GetOemDefinedText());
+  block.Item(GetNominalSpeedText());
   return block.Close();
 }
 

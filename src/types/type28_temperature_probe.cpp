@@ -9,10 +9,10 @@ namespace kestrel {
 
 namespace {
 
-// Units that begin with digits run into the number: intended.
+// No blank between a number and a unit that begins with digits: intended.
 constexpr ProbeTexts kTexts = {"Temperature Probe (Type 28)", "1/10C", "1/1000C"};
 
-// Temperature Probe: a sensor that watches a temperature. Layout: DMTF DSP0134, "Temperature Probe
+// Temperature Probe: a sensor that measures a temperature. Layout: DMTF DSP0134, "Temperature Probe
 // (Type 28) structure".
 class SMType28Obj final : public SMProbeObj {
  public:

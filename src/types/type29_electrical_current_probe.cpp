@@ -9,10 +9,10 @@ namespace kestrel {
 
 namespace {
 
-// A unit that begins with digits runs into the number: intended.
+// No blank between a number and a unit that begins with digits: intended.
 constexpr ProbeTexts kTexts = {"Electrical Current Probe (Type 29)", "mA", "1/10mA"};
 
-// Electrical Current Probe: a sensor that watches a current. Layout: DMTF DSP0134, "Electrical
+// Electrical Current Probe: a sensor that measures a current. Layout: DMTF DSP0134, "Electrical
 // Current Probe (Type 29) structure".
 class SMType29Obj final : public SMProbeObj {
  public:

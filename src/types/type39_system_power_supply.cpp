@@ -13,13 +13,6 @@ namespace {
 
 constexpr std::uint16_t kNoHandle = 0xFFFF;
 
-// What bits 0 to 2 of the characteristics tell of the supply.
-constexpr std::string_view kFlags[] = {
-    "hot replaceable",
-    "present",
-    "unplugged from the wall",
-};
-
 constexpr CodeText kInputVoltageRangeSwitchings[] = {
     {1, "Other"},       {2, "Unknown"},    {3, "Manual"},
     {4, "Auto-switch"}, {5, "Wide range"}, {6, "Not applicable"},
@@ -38,8 +31,15 @@ constexpr CodeText kPowerSupplyTypes[] = {
     {5, "Battery"}, {6, "UPS"},     {7, "Converter"}, {8, "Regulator"},
 };
 
-// System Power Supply: what a power supply is and can do, and what watches it. Layout: DMTF
-// DSP0134, "System Power Supply (Type 39) structure".
+ItemText TextOfHandle(std::uint16_t handle) {
+  if (handle == kNoHandle) {
+    return {"NO"};
+  }
+  return {Hex(handle, 4), "h"};
+}
+
+// System Power Supply: a power supply, its characteristics, and the probes that watch it. Layout:
+// DMTF DSP0134, "System Power Supply (Type 39) structure".
 class SMType39Obj final : public SMObj {
  public:
   SMType39Obj() {
@@ -61,10 +61,60 @@ class SMType39Obj final : public SMObj {
   void SetCoolingDeviceHandle(std::uint16_t value) { CoolingDeviceHandle = value; }
   void SetInputCurrentProbeHandle(std::uint16_t value) { InputCurrentProbeHandle = value; }
 
+  ItemText GetPowerUnitGroupText() const {
+    return {"Power Unit Group : ", Hex(PowerUnitGroup, 2), "h"};
+  }
+  ItemText GetLocationText() const { return {"Location : ", GetString(Location)}; }
+  ItemText GetDeviceNameText() const { return {"Device Name : ", GetString(DeviceName)}; }
+  ItemText GetManufacturerText() const { return {"Manufacturer : ", GetString(Manufacturer)}; }
+  ItemText GetSerialNumberText() const { return {"Serial Number : ", GetString(SerialNumber)}; }
+  ItemText GetAssetTagNumberText() const {
+    return {"Asset Tag Number : ", GetString(AssetTagNumber)};
+  }
+  ItemText GetModelPartNumberText() const {
+    return {"Model Part Number : ", GetString(ModelPartNumber)};
+  }
+  ItemText GetRevisionLevelText() const { return {"Revision Level : ", GetString(RevisionLevel)}; }
+  ItemText GetMaxPowerCapacityText() const {
+    return {"Maximum Power Capacity : ", TextOfReading(MaxPowerCapacity, "W")};
+  }
+  // The label and the six lines below it, each with its line end.
+  std::string GetPowerSupplyCharacteristicsText() const;
+  ItemText GetHotReplaceableText() const {
+    return {"Power supply is ", GetNegation(0), "hot replaceable"};
+  }
+  ItemText GetPresentText() const { return {"Power supply is ", GetNegation(1), "present"}; }
+  ItemText GetUnpluggedText() const {
+    return {"Power supply is ", GetNegation(2), "unplugged from the wall"};
+  }
+  ItemText GetInputVoltageRangeSwitchingText() const {
+    return {"DMTF Input Voltage Range Switching : ",
+            TextOfCode(kInputVoltageRangeSwitchings, PowerSupplyCharacteristics >> 3U & 0xFU,
+                       kNothing)};
+  }
+  ItemText GetStatusText() const {
+    return {"Status : ", TextOfCode(kStatuses, PowerSupplyCharacteristics >> 7U & 0x7U, kNothing)};
+  }
+  ItemText GetPowerSupplyTypeText() const {
+    return {"DMTF Power Supply Type : ",
+            TextOfCode(kPowerSupplyTypes, PowerSupplyCharacteristics >> 10U & 0xFU, kNothing)};
+  }
+  ItemText GetInputVoltageProbeHandleText() const {
+    return {"Input Voltage Probe Handle : ", TextOfHandle(InputVoltageProbeHandle)};
+  }
+  ItemText GetCoolingDeviceHandleText() const {
+    return {"Cool Device Handle : ", TextOfHandle(CoolingDeviceHandle)};
+  }
+  ItemText GetInputCurrentProbeHandleText() const {
+    return {"Input Current Probe Handle : ", TextOfHandle(InputCurrentProbeHandle)};
+  }
+
   std::string ToString() const override;
 
  private:
-  void AddCharacteristics(TextBlock& block) const;
+  std::string_view GetNegation(unsigned bit) const {
+    return (PowerSupplyCharacteristics >> bit & 1U) != 0 ? "" : "not ";
+  }
 
   std::uint16_t InputCurrentProbeHandle = 0;
   std::uint16_t CoolingDeviceHandle = 0;
@@ -81,47 +131,34 @@ class SMType39Obj final : public SMObj {
   std::uint8_t PowerUnitGroup = 0;
 };
 
-void AddHandle(TextBlock& block, std::string_view label, std::uint16_t handle) {
-  if (handle == kNoHandle) {
-    block.Item({label, "NO"});
-  } else {
-    block.Item({label, Hex(handle, 4), "h"});
-  }
-}
-
-void SMType39Obj::AddCharacteristics(TextBlock& block) const {
-  const unsigned bits = PowerSupplyCharacteristics;
-  // No blank behind the colon: intended.
-  block.Item({"Power Supply Characteristic :"});
-  unsigned flagBits = bits;
-  for (const std::string_view flag : kFlags) {
-    block.SubItem({"Power supply is ", (flagBits & 1U) != 0 ? "" : "not ", flag});
-    flagBits >>= 1U;
-  }
-  block.SubItem({"DMTF Input Voltage Range Switching : ",
-                 TextOfCode(kInputVoltageRangeSwitchings, bits >> 3U & 0xFU, kNothing)});
-  block.SubItem({"Status : ", TextOfCode(kStatuses, bits >> 7U & 0x7U, kNothing)});
-  block.SubItem(
-      {"DMTF Power Supply Type : ", TextOfCode(kPowerSupplyTypes, bits >> 10U & 0xFU, kNothing)});
-  // An empty line within the block: intended.
-  block.Raw({"\r\n"});
+std::string SMType39Obj::GetPowerSupplyCharacteristicsText() const {
+  // No blank after the colon: intended.
+  std::string text = "Power Supply Characteristic :\r\n";
+  Append(text, {"\t\t", GetHotReplaceableText(), "\r\n"});
+  Append(text, {"\t\t", GetPresentText(), "\r\n"});
+  Append(text, {"\t\t", GetUnpluggedText(), "\r\n"});
+  Append(text, {"\t\t", GetInputVoltageRangeSwitchingText(), "\r\n"});
+  Append(text, {"\t\t", GetStatusText(), "\r\n"});
+  Append(text, {"\t\t", GetPowerSupplyTypeText(), "\r\n"});
+  return text;
 }
 
 std::string SMType39Obj::ToString() const {
   TextBlock block("System Power Supply (Type 39)");
-  block.Item({"Power Unit Group : ", Hex(PowerUnitGroup, 2), "h"});
-  block.Item({"Location : ", GetString(Location)});
-  block.Item({"Device Name : ", GetString(DeviceName)});
-  block.Item({"Manufacturer : ", GetString(Manufacturer)});
-  block.Item({"Serial Number : ", GetString(SerialNumber)});
-  block.Item({"Asset Tag Number : ", GetString(AssetTagNumber)});
-  block.Item({"Model Part Number : ", GetString(ModelPartNumber)});
-  block.Item({"Revision Level : ", GetString(RevisionLevel)});
-  AddReading(block, "Maximum Power Capacity : ", MaxPowerCapacity, "W");
-  AddCharacteristics(block);
-  AddHandle(block, "Input Voltage Probe Handle : ", InputVoltageProbeHandle);
-  AddHandle(block, "Cool Device Handle : ", CoolingDeviceHandle);
-  AddHandle(block, "Input Current Probe Handle : ", InputCurrentProbeHandle);
+  block.Item(GetPowerUnitGroupText());
+  block.Item(GetLocationText());
+  block.Item(GetDeviceNameText());
+  block.Item(GetManufacturerText());
+  block.Item(GetSerialNumberText());
+  block.Item(GetAssetTagNumberText());
+  block.Item(GetModelPartNumberText());
+  block.Item(GetRevisionLevelText());
+  block.Item(GetMaxPowerCapacityText());
+  // Its item's line end leaves an empty line within the block: intended.
+  block.Item(GetPowerSupplyCharacteristicsText());
+  block.Item(GetInputVoltageProbeHandleText());
+  block.Item(GetCoolingDeviceHandleText());
+  block.Item(GetInputCurrentProbeHandleText());
   return block.Close();
 }
 
