@@ -44,6 +44,15 @@ class SMType34Obj final : public SMObj {
   void SetAddress(std::uint32_t value) { Address = value; }
   void SetAddressType(std::uint8_t value) { AddressType = value; }
 
+  ItemText GetDescriptionText() const { return {"Description : ", GetString(Description)}; }
+  ItemText GetDeviceTypeText() const {
+    return {"Device Type : ", TextOfCode(kDeviceTypes, DeviceType, kNothing)};
+  }
+  ItemText GetAddressText() const { return {"Address : ", Hex(Address, 8), "h"}; }
+  ItemText GetAddressTypeText() const {
+    return {"Address Type : ", TextOfCode(kAddressTypes, AddressType, kNothing)};
+  }
+
   std::string ToString() const override;
 
  private:
@@ -55,10 +64,10 @@ class SMType34Obj final : public SMObj {
 
 std::string SMType34Obj::ToString() const {
   TextBlock block("Management Device (Type 34)");
-  block.Item({"Description : ", GetString(Description)});
-  block.Item({"Device Type : ", TextOfCode(kDeviceTypes, DeviceType, kNothing)});
-  block.Item({"Address : ", Hex(Address, 8), "h"});
-  block.Item({"Address Type : ", TextOfCode(kAddressTypes, AddressType, kNothing)});
+  block.Item(GetDescriptionText());
+  block.Item(GetDeviceTypeText());
+  block.Item(GetAddressText());
+  block.Item(GetAddressTypeText());
   return block.Close();
 }
 

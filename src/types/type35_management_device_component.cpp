@@ -9,7 +9,7 @@ namespace kestrel {
 
 namespace {
 
-// Management Device Component: ties a sensor of a management device to its probe or cooling device
+// Management Device Component: links a sensor of a management device to its probe or cooling device
 // and to its thresholds. Layout: DMTF DSP0134, "Management Device Component (Type 35) structure".
 class SMType35Obj final : public SMObj {
  public:
@@ -23,6 +23,17 @@ class SMType35Obj final : public SMObj {
   void SetComponentHandle(std::uint16_t value) { ComponentHandle = value; }
   void SetThresholdHandle(std::uint16_t value) { ThresholdHandle = value; }
 
+  ItemText GetDescriptionText() const { return {"Description : ", GetString(Description)}; }
+  ItemText GetManagementDeviceHandleText() const {
+    return {"Management Device Handle : ", Hex(ManagementDeviceHandle, 4), "h"};
+  }
+  ItemText GetComponentHandleText() const {
+    return {"Component Handle : ", Hex(ComponentHandle, 4), "h"};
+  }
+  ItemText GetThresholdHandleText() const {
+    return {"Threshold Handle : ", Hex(ThresholdHandle, 4), "h"};
+  }
+
   std::string ToString() const override;
 
  private:
@@ -34,10 +45,10 @@ class SMType35Obj final : public SMObj {
 
 std::string SMType35Obj::ToString() const {
   TextBlock block("Management Device Component (Type 35)");
-  block.Item({"Description : ", GetString(Description)});
-  block.Item({"Management Device Handle : ", Hex(ManagementDeviceHandle, 4), "h"});
-  block.Item({"Component Handle : ", Hex(ComponentHandle, 4), "h"});
-  block.Item({"Threshold Handle : ", Hex(ThresholdHandle, 4), "h"});
+  block.Item(GetDescriptionText());
+  block.Item(GetManagementDeviceHandleText());
+  block.Item(GetComponentHandleText());
+  block.Item(GetThresholdHandleText());
   return block.Close();
 }
 

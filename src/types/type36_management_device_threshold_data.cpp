@@ -9,8 +9,9 @@ namespace kestrel {
 
 namespace {
 
-// Management Device Threshold Data: the readings at which a component of a management device gets
-// into trouble. Layout: DMTF DSP0134, "Management Device Threshold Data (Type 36) structure".
+// Management Device Threshold Data: the readings at which a component of a management device
+// leaves its normal range. Layout: DMTF DSP0134, "Management Device Threshold Data (Type 36)
+// structure".
 class SMType36Obj final : public SMObj {
  public:
   SMType36Obj() { SetType(36); }
@@ -26,6 +27,25 @@ class SMType36Obj final : public SMObj {
     UpperThresholdNonRecoverable = value;
   }
 
+  ItemText GetLowerThresholdNonCriticalText() const {
+    return {"Lower Threshold-Non-Critical : ", Hex(LowerThresholdNonCritical, 4), "h"};
+  }
+  ItemText GetUpperThresholdNonCriticalText() const {
+    return {"Upper Threshold-Non-Critical : ", Hex(UpperThresholdNonCritical, 4), "h"};
+  }
+  ItemText GetLowerThresholdCriticalText() const {
+    return {"Lower Threshold-Critical : ", Hex(LowerThresholdCritical, 4), "h"};
+  }
+  ItemText GetUpperThresholdCriticalText() const {
+    return {"Upper Threshold-Critical : ", Hex(UpperThresholdCritical, 4), "h"};
+  }
+  ItemText GetLowerThresholdNonRecoverableText() const {
+    return {"Lower Threshold-Non-recoverable : ", Hex(LowerThresholdNonRecoverable, 4), "h"};
+  }
+  ItemText GetUpperThresholdNonRecoverableText() const {
+    return {"Upper Threshold-Non-recoverable : ", Hex(UpperThresholdNonRecoverable, 4), "h"};
+  }
+
   std::string ToString() const override;
 
  private:
@@ -39,12 +59,12 @@ class SMType36Obj final : public SMObj {
 
 std::string SMType36Obj::ToString() const {
   TextBlock block("Management Device Threshold Data (Type 36)");
-  block.Item({"Lower Threshold-Non-Critical : ", Hex(LowerThresholdNonCritical, 4), "h"});
-  block.Item({"Upper Threshold-Non-Critical : ", Hex(UpperThresholdNonCritical, 4), "h"});
-  block.Item({"Lower Threshold-Critical : ", Hex(LowerThresholdCritical, 4), "h"});
-  block.Item({"Upper Threshold-Critical : ", Hex(UpperThresholdCritical, 4), "h"});
-  block.Item({"Lower Threshold-Non-recoverable : ", Hex(LowerThresholdNonRecoverable, 4), "h"});
-  block.Item({"Upper Threshold-Non-recoverable : ", Hex(UpperThresholdNonRecoverable, 4), "h"});
+  block.Item(GetLowerThresholdNonCriticalText());
+  block.Item(GetUpperThresholdNonCriticalText());
+  block.Item(GetLowerThresholdCriticalText());
+  block.Item(GetUpperThresholdCriticalText());
+  block.Item(GetLowerThresholdNonRecoverableText());
+  block.Item(GetUpperThresholdNonRecoverableText());
   return block.Close();
 }
 

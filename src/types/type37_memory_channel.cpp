@@ -1,3 +1,4 @@
+#include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -23,7 +24,7 @@ struct MemoryChannelDevice {
   std::uint16_t DeviceHandle;
 };
 
-// Memory Channel: the memory devices that share a channel, each with the load that it puts on it.
+// Memory Channel: the memory devices that share a channel, each with its load on the channel.
 // Layout: DMTF DSP0134, "Memory Channel (Type 37) structure".
 class SMType37Obj final : public SMObj {
  public:
@@ -36,35 +37,52 @@ class SMType37Obj final : public SMObj {
     MemoryDevices = std::move(devices);
   }
 
+  ItemText GetChannelTypeText() const {
+    return {"Channel Type : ", TextOfCode(kChannelTypes, ChannelType, kNothing)};
+  }
+  ItemText GetMaximumChannelLoadText() const {
+    return {"Maximum Channel Load : ", Decimal(MaximumChannelLoad)};
+  }
+  ItemText GetMemoryDeviceCountText() const {
+    return {"Memory Device Count : ", Decimal(MemoryDeviceCount)};
+  }
+  // The label and the devices, each with its line end. The first device stands on the line of the
+  // label, two tabs after it: intended.
+  std::string GetMemoryDevicesText() const;
+  ItemText GetMemoryDeviceText(std::size_t index) const {
+    const MemoryChannelDevice& device = MemoryDevices[index];
+    return {Decimal(index),
+            ")Load--",
+            Hex(device.DeviceLoad, 2),
+            "h, Handle--",
+            Hex(device.DeviceHandle, 4),
+            "h"};
+  }
+
   std::string ToString() const override;
 
  private:
-  void AddDevices(TextBlock& block) const;
-
   std::vector<MemoryChannelDevice> MemoryDevices;
   std::uint8_t MemoryDeviceCount = 0;
   std::uint8_t MaximumChannelLoad = 0;
   std::uint8_t ChannelType = 0;
 };
 
-void SMType37Obj::AddDevices(TextBlock& block) const {
-  // The first device stands on the line of the label, two tabs behind it: intended.
-  block.Raw({"\tMemory Devices :"});
-  unsigned index = 0;
-  for (const MemoryChannelDevice& device : MemoryDevices) {
-    block.SubItem({Decimal(index++), ")Load--", Hex(device.DeviceLoad, 2), "h, Handle--",
-                   Hex(device.DeviceHandle, 4), "h"});
+std::string SMType37Obj::GetMemoryDevicesText() const {
+  std::string text = "Memory Devices :";
+  for (std::size_t index = 0; index < MemoryDevices.size(); ++index) {
+    Append(text, {"\t\t", GetMemoryDeviceText(index), "\r\n"});
   }
-  // Ends the label's own line, or leaves an empty line behind the last device.
-  block.Raw({"\r\n"});
+  return text;
 }
 
 std::string SMType37Obj::ToString() const {
   TextBlock block("Memory Channel (Type 37)");
-  block.Item({"Channel Type : ", TextOfCode(kChannelTypes, ChannelType, kNothing)});
-  block.Item({"Maximum Channel Load : ", Decimal(MaximumChannelLoad)});
-  block.Item({"Memory Device Count : ", Decimal(MemoryDeviceCount)});
-  AddDevices(block);
+  block.Item(GetChannelTypeText());
+  block.Item(GetMaximumChannelLoadText());
+  block.Item(GetMemoryDeviceCountText());
+  block.Item(GetMemoryDevicesText());
+  // The item's line end is the empty line. Without devices it ends the label, and there is none.
   return block.CloseWithoutEmptyLine();
 }
 

@@ -17,7 +17,7 @@ constexpr CodeText kInterfaceTypes[] = {
     {3, "Block Transfer"},
 };
 
-// IPMI Device Information: the interface of the baseboard management controller. Layout: DMTF
+// IPMI Device Information: the interface to the baseboard management controller. Layout: DMTF
 // DSP0134, "IPMI Device Information (Type 38) structure".
 class SMType38Obj final : public SMObj {
  public:
@@ -28,6 +28,22 @@ class SMType38Obj final : public SMObj {
   void SetI2cSlaveAddress(std::uint8_t value) { I2cSlaveAddress = value; }
   void SetNvStorageDeviceAddress(std::uint8_t value) { NvStorageDeviceAddress = value; }
   void SetBaseAddress(std::uint64_t value) { BaseAddress = value; }
+
+  // Nothing between label and value: intended.
+  ItemText GetInterfaceTypeText() const {
+    return {"Interface Type", TextOfCode(kInterfaceTypes, InterfaceType, kNothing)};
+  }
+  // One number, although the byte holds two BCD digits: intended.
+  ItemText GetIpmiSpecificationRevisionText() const {
+    return {"IPMI Specification Revision : ", Decimal(IpmiSpecificationRevision)};
+  }
+  ItemText GetI2cSlaveAddressText() const {
+    return {"I2C Slave Address : ", Hex(I2cSlaveAddress, 2), "h"};
+  }
+  ItemText GetNvStorageDeviceAddressText() const {
+    return {"NV Storage Device Address : ", Hex(NvStorageDeviceAddress, 2), "h"};
+  }
+  ItemText GetBaseAddressText() const { return {"Base Address : ", Hex(BaseAddress, 16), "h"}; }
 
   std::string ToString() const override;
 
@@ -41,13 +57,11 @@ class SMType38Obj final : public SMObj {
 
 std::string SMType38Obj::ToString() const {
   TextBlock block("IPMI Device Information (Type 38)");
-  // Nothing between label and value: intended.
-  block.Item({"Interface Type", TextOfCode(kInterfaceTypes, InterfaceType, kNothing)});
-  // One number, although the byte holds two digits: intended.
-  block.Item({"IPMI Specification Revision : ", Decimal(IpmiSpecificationRevision)});
-  block.Item({"I2C Slave Address : ", Hex(I2cSlaveAddress, 2), "h"});
-  block.Item({"NV Storage Device Address : ", Hex(NvStorageDeviceAddress, 2), "h"});
-  block.Item({"Base Address : ", Hex(BaseAddress, 16), "h"});
+  block.Item(GetInterfaceTypeText());
+  block.Item(GetIpmiSpecificationRevisionText());
+  block.Item(GetI2cSlaveAddressText());
+  block.Item(GetNvStorageDeviceAddressText());
+  block.Item(GetBaseAddressText());
   return block.Close();
 }
 
