@@ -9,8 +9,8 @@ namespace kestrel {
 
 namespace {
 
-// Physical Memory Array: a set of memory sockets and what they may hold. Layout: DMTF DSP0134,
-// "Physical Memory Array (Type 16) structure".
+// Physical Memory Array: a set of memory sockets and the memory they can take. Layout: DMTF
+// DSP0134, "Physical Memory Array (Type 16) structure".
 class SMType16Obj final : public SMObj {
  public:
   SMType16Obj() { SetType(16); }
@@ -36,11 +36,11 @@ class SMType16Obj final : public SMObj {
   std::uint8_t Location = 0;
 };
 
-// No handle is followed: what this structure does not tell stands as the group's default value.
+// Handles are not followed: attributes that other structures describe have the group's default.
 std::string SMType16Obj::GetMifTableRow(int& rowIndex) const {
   return MifRow({
       TakeRowIndex(rowIndex),
-      Location,  // Not the group's code for it where the two differ: intended.
+      Location,  // Even where the group numbers its locations differently: intended.
       Use, MaximumCapacity, NumberOfMemoryDevices,
       0U,  // Sockets in use.
       MemoryErrorCorrection,

@@ -9,7 +9,7 @@ namespace kestrel {
 
 namespace {
 
-// The string number of a field that the layout does not have.
+// The string number of a field that was not read.
 constexpr std::uint8_t kNotRead = 0xFF;
 
 // Memory Device: one memory socket and what it holds. Layout: DMTF DSP0134, "Memory Device
@@ -63,19 +63,19 @@ class SMType17Obj final : public SMObj {
   std::uint16_t PhysicalMemoryArrayHandle = 0;
 };
 
-// No handle is followed: what this structure does not tell stands as the group's default value.
+// Handles are not followed: attributes that other structures describe have the group's default.
 std::string SMType17Obj::GetMifTableRow(int& rowIndex) const {
   return MifRow({
       TakeRowIndex(rowIndex),
       0U,  // Memory array.
       GetString(DeviceLocator),
       GetString(BankLocator),
-      Size & 0x7FFFU,  // Megabytes and kilobytes alike, FFFFh too: intended.
+      Size & 0x7FFFU,  // Without regard to the unit, or to FFFFh for unknown: intended.
       FormFactor,
       TotalWidth,
       DataWidth,
       MemoryType,
-      TypeDetail,  // All its bits, not a code of the group's enumeration: intended.
+      TypeDetail,  // The bits, not a code of the group's enumeration: intended.
       DeviceSet,
       1U,               // Device error type.
       1U,               // Error granularity.
@@ -89,7 +89,7 @@ std::string SMType17Obj::GetMifTableRow(int& rowIndex) const {
       0U,               // Error resolution.
       0U,               // FRU group.
       0U,               // Operational group.
-      0U,               // Speed, although the structure tells it: intended.
+      0U,               // Speed, although the structure has it: intended.
   });
 }
 

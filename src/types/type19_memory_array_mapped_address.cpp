@@ -9,7 +9,7 @@ namespace kestrel {
 
 namespace {
 
-// Memory Array Mapped Address: a range of addresses and the memory array behind it. Layout: DMTF
+// Memory Array Mapped Address: a range of addresses and the memory array it maps to. Layout: DMTF
 // DSP0134, "Memory Array Mapped Address (Type 19) structure".
 class SMType19Obj final : public SMObj {
  public:
@@ -25,12 +25,12 @@ class SMType19Obj final : public SMObj {
  private:
   std::uint8_t PartitionWidth = 0;
   std::uint16_t MemoryArrayHandle = 0;
-  // Both in kilobytes; the last kilobyte belongs to the range.
+  // Both in kilobytes; the range includes the last one.
   std::uint32_t EndingAddress = 0;
   std::uint32_t StartingAddress = 0;
 };
 
-// No handle is followed: what this structure does not tell stands as the group's default value.
+// Handles are not followed: attributes that other structures describe have the group's default.
 std::string SMType19Obj::GetMifTableRow(int& rowIndex) const {
   return MifRow({
       TakeRowIndex(rowIndex),

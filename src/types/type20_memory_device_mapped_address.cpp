@@ -9,7 +9,7 @@ namespace kestrel {
 
 namespace {
 
-// Memory Device Mapped Address: a range of addresses and the memory device behind it. Layout: DMTF
+// Memory Device Mapped Address: a range of addresses and the memory device it maps to. Layout: DMTF
 // DSP0134, "Memory Device Mapped Address (Type 20) structure".
 class SMType20Obj final : public SMObj {
  public:
@@ -33,13 +33,13 @@ class SMType20Obj final : public SMObj {
   std::uint8_t PartitionRowPosition = 0;
   std::uint16_t MemoryArrayMappedAddressHandle = 0;
   std::uint16_t MemoryDeviceHandle = 0;
-  // Both in kilobytes; the last kilobyte belongs to the range.
+  // Both in kilobytes; the range includes the last one.
   std::uint32_t EndingAddress = 0;
   std::uint32_t StartingAddress = 0;
 };
 
 std::string SMType20Obj::GetMifTableRow(int& rowIndex) const {
-  // The n-th range is given to the n-th memory device, whatever its handle names: intended.
+  // The n-th range names the n-th memory device, whatever its handle: intended.
   const std::uint32_t index = TakeRowIndex(rowIndex);
   return MifRow({
       index,
