@@ -8,7 +8,7 @@ namespace kestrel {
 
 namespace {
 
-// Inactive: a structure that the firmware took out of use. Kept in the list, shown nowhere.
+// Inactive: a structure that the firmware has disabled. It is kept in the list but shown nowhere.
 class SMType126Obj final : public SMObj {
  public:
   SMType126Obj() { SetType(126); }

@@ -9,7 +9,7 @@ namespace kestrel {
 
 namespace {
 
-// End-of-Table: marks where the table should end; only the table's length ends the walk.
+// End-of-Table: marks the end of the table, although the walk continues to the table's length.
 class SMType127Obj final : public SMObj {
  public:
   SMType127Obj() { SetType(127); }
