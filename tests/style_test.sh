@@ -15,5 +15,5 @@ case $1 in
     sed -n 's/.*"file": "\(.*\.cpp\)".*/\1/p' "$2/compile_commands.json" | sort -u |
       tr '\n' '\0' | xargs -0 -n 1 -P "$(nproc)" clang-tidy -p "$2" --quiet
     ;;
-  shell) { printf '%s\0' run test .ci/run cmake/require-packages; sources '*.sh'; } | xargs -0 shellcheck -x -P tests ;;
+  shell) { printf '%s\0' run test .ci/run cmake/build-preset cmake/require-packages; sources '*.sh'; } | xargs -0 shellcheck -x -P tests ;;
 esac
