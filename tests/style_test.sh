@@ -10,10 +10,6 @@ sources() {
 
 case $1 in
   format) { sources '*.h'; sources '*.c'; sources '*.cpp'; } | xargs -0 clang-format --dry-run --Werror ;;
-  # What this system compiles.
-  tidy)
-    sed -n 's/.*"file": "\(.*\.cpp\)".*/\1/p' "$2/compile_commands.json" | sort -u |
-      tr '\n' '\0' | xargs -0 -n 1 -P "$(nproc)" clang-tidy -p "$2" --quiet
-    ;;
+  tidy) tests/lint.py "$2" ;;
   shell) { printf '%s\0' run test .ci/run cmake/build-preset cmake/require-packages; sources '*.sh'; } | xargs -0 shellcheck -x -P tests ;;
 esac
