@@ -102,8 +102,11 @@ def check(build, folder, unit):
     run = lint(folder, unit.path)
     if "[clang-diagnostic-error" in run.stdout:
         runs = [lint(build, source) for source in unit.sources]
-        return "".join(run.stdout for run in runs if run.returncode != 0)
-    return unit.in_sources(run.stdout) if run.returncode != 0 else ""
+    else:
+        runs = [run]
+    # Whatever else the linter says, it fails by its exit code; it may crash without a word.
+    return "".join(unit.in_sources(run.stdout) or f"The linter ended with {run.returncode}\n"
+                   for run in runs if run.returncode != 0)
 
 
 def main():
