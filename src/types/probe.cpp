@@ -1,8 +1,8 @@
 #include "types/probe.h"
 
 #include "model/code_text.h"
-#include "model/reading.h"
 #include "model/table_cursor.h"
+#include "types/reading.h"
 
 namespace kestrel {
 

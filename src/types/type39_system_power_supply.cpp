@@ -2,10 +2,10 @@
 #include <utility>
 
 #include "model/code_text.h"
-#include "model/reading.h"
 #include "model/smbios_reader.h"
 #include "model/table_cursor.h"
 #include "model/text.h"
+#include "types/reading.h"
 
 namespace kestrel {
 
