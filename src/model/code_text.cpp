@@ -2,15 +2,14 @@
 
 namespace kestrel {
 
-std::string TextOfBits(std::span<const std::string_view> texts, unsigned bits,
-                       std::string_view separator) {
-  std::string joined;
+ItemText TextOfBits(std::span<const std::string_view> texts, unsigned bits,
+                    std::string_view separator) {
+  ItemText joined{};
+  std::string_view between;
   for (const std::string_view text : texts) {
     if ((bits & 1U) != 0) {
-      if (!joined.empty()) {
-        joined.append(separator);
-      }
-      joined.append(text);
+      joined.Append({between, text});
+      between = separator;
     }
     bits >>= 1;
   }

@@ -2,12 +2,13 @@
 
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
+
+#include "model/text.h"
 
 namespace kestrel {
 
-// One row of a table that gives the texts of a field's codes.
+// One row of a table of the texts of a field's codes.
 struct CodeText {
   std::uint8_t Code;
   std::string_view Text;
@@ -24,13 +25,13 @@ constexpr std::string_view TextOfCode(std::span<const CodeText> table, unsigned 
   return unlisted;
 }
 
-// What tables print for a code that they do not list: a word, or nothing behind the label.
+// What stands after the label for a code that a table does not list: a word, or nothing.
 inline constexpr std::string_view kUnknown = "Unknown";
 inline constexpr std::string_view kNothing;
 
 // The texts of the set bits of `bits`, from bit 0 upwards, with `separator` between two of them.
-// `texts` holds the text of bit 0 first; bits beyond it are not looked at.
-std::string TextOfBits(std::span<const std::string_view> texts, unsigned bits,
-                       std::string_view separator);
+// `texts` starts with the text of bit 0; bits that it has no text for are ignored.
+ItemText TextOfBits(std::span<const std::string_view> texts, unsigned bits,
+                    std::string_view separator);
 
 }  // namespace kestrel

@@ -1,6 +1,5 @@
 #include "model/text.h"
 
-#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -10,9 +9,6 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-// Most blocks fit, so that a block is one allocation.
-constexpr std::size_t kUsualBlockSize = 512;
-
 std::size_t SizeOf(Pieces pieces) {
   std::size_t size = 0;
   for (const std::string_view piece : pieces) {
@@ -21,7 +17,7 @@ std::size_t SizeOf(Pieces pieces) {
   return size;
 }
 
-// Gives the end of the copy.
+// Returns the end of the copy.
 char* CopyPiece(char* target, std::string_view piece) {
   const char* source = piece.data();
   const std::size_t size = piece.size();
@@ -67,16 +63,28 @@ void Append(std::string& text, Pieces pieces) {
   }
 }
 
-// The characters in place are written once, not filled with zeros first.
-ItemText::ItemText(Pieces pieces) : Size(SizeOf(pieces)) {
-  if (Size > Usual.size()) {
-    Longer.reset(new char[Size]);
+ItemText::ItemText(Pieces pieces) { Append(pieces); }
+
+void ItemText::Append(Pieces pieces) {
+  const std::size_t start = Size;
+  Size += SizeOf(pieces);
+  if (Size <= Usual.size()) {
+    CopyPieces(Usual.data() + start, pieces);
+    return;
   }
-  CopyPieces(Longer ? Longer.get() : Usual.data(), pieces);
+  if (start <= Usual.size()) {
+    Longer.assign(Usual.data(), start);
+  }
+  kestrel::Append(Longer, pieces);
 }
 
-TextBlock::TextBlock(std::string_view title) : Text(kUsualBlockSize, '\0') {
-  Raw({title, kLineEnd});
+TextBlock::TextBlock(std::string_view title) { Raw({title, kLineEnd}); }
+
+void TextBlock::Item(std::string_view text) {
+  char* end = Extend(1 + text.size() + kLineEnd.size());
+  *end++ = '\t';
+  end = CopyPiece(end, text);
+  CopyPiece(end, kLineEnd);
 }
 
 void TextBlock::Raw(Pieces pieces) { CopyPieces(Extend(SizeOf(pieces)), pieces); }
@@ -87,8 +95,8 @@ std::string TextBlock::Close() {
 }
 
 std::string TextBlock::CloseWithoutEmptyLine() {
-  Text.resize(Used);
-  return std::move(Text);
+  Earlier.append(Usual.data(), Size);
+  return std::move(Earlier);
 }
 
 void TextBlock::Line(std::string_view indent, Pieces pieces) {
@@ -99,14 +107,23 @@ void TextBlock::Line(std::string_view indent, Pieces pieces) {
 }
 
 char* TextBlock::Extend(std::size_t size) {
-  const std::size_t start = Used;
-  Used += size;
-  if (Used > Text.size()) {
-    Grow();
+  if (size > Usual.size() - Size) {
+    return ExtendLongBlock(size);
   }
-  return Text.data() + start;
+  char* start = Usual.data() + Size;
+  Size += size;
+  return start;
 }
 
-void TextBlock::Grow() { Text.resize(std::max(Used, 2 * Text.size())); }
+char* TextBlock::ExtendLongBlock(std::size_t size) {
+  Earlier.append(Usual.data(), Size);
+  Size = 0;
+  if (size <= Usual.size()) {
+    return Extend(size);
+  }
+  const std::size_t start = Earlier.size();
+  Earlier.resize(start + size);
+  return Earlier.data() + start;
+}
 
 }  // namespace kestrel

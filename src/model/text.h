@@ -4,14 +4,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
-#include <memory>
 #include <string>
 #include <string_view>
 
 namespace kestrel {
 
-// A number's digits, formatted in place. Converts to a view that lives as long as the object, so a
-// temporary serves within one expression and no longer.
+// A number's digits, formatted in place. The view of them lives as long as the object: a temporary
+// serves within one expression and no longer.
 class Digits {
  public:
   // NOLINTNEXTLINE(google-explicit-constructor): a number is one piece of a line like any text.
@@ -42,28 +41,33 @@ constexpr Digits Decimal(std::uint64_t value) {
 // digits.
 Digits Hex(std::uint64_t value, std::size_t width);
 
-// The pieces of one text, joined as they stand.
+// The pieces of one text, to be joined as they stand.
 using Pieces = std::initializer_list<std::string_view>;
 
 void Append(std::string& text, Pieces pieces);
 
 // What a text function returns: one line of a block, label and value, without indent and line end.
-// Usual lines are held in place, so that making one allocates nothing.
+// A line of usual length is held in place, so making one allocates nothing.
 class ItemText {
  public:
   // NOLINTNEXTLINE(google-explicit-constructor): a text function returns the pieces of its line.
   ItemText(Pieces pieces);
-  ItemText(const ItemText&) = delete;
-  ItemText& operator=(const ItemText&) = delete;
+  ItemText(ItemText&&) = default;
+  ItemText& operator=(ItemText&&) = delete;
 
-  // Valid as long as the object.
+  void Append(Pieces pieces);
+
+  // Valid until the text changes.
   // NOLINTNEXTLINE(google-explicit-constructor): the line is a text like any other.
-  operator std::string_view() const { return {Longer ? Longer.get() : Usual.data(), Size}; }
+  operator std::string_view() const {
+    return Size <= Usual.size() ? std::string_view(Usual.data(), Size) : std::string_view(Longer);
+  }
 
  private:
-  std::size_t Size;
-  std::unique_ptr<char[]> Longer;
+  std::size_t Size = 0;
+  // Holds the text if it fits. Written up to the text's size and no further.
   std::array<char, 128> Usual;
+  std::string Longer;
 };
 
 // The text block of one structure: a title line, one line per item, and for most types a closing
@@ -71,29 +75,34 @@ class ItemText {
 class TextBlock {
  public:
   explicit TextBlock(std::string_view title);
+  TextBlock(const TextBlock&) = delete;
+  TextBlock& operator=(const TextBlock&) = delete;
 
   // A line indented by one tab.
-  void Item(std::string_view text) { Line("\t", {text}); }
+  void Item(std::string_view text);
   void Item(Pieces pieces) { Line("\t", pieces); }
   // A line indented by two tabs, which belongs to the item above it.
   void SubItem(Pieces pieces) { Line("\t\t", pieces); }
   // Text as it stands, for the items whose lines do not have the common form.
   void Raw(Pieces pieces);
 
-  // Ends the block with the empty line that parts it from the next and hands its text over.
+  // Ends the block with the empty line that separates it from the next, and returns its text.
   std::string Close();
-  // Hands the text over as it is.
+  // Returns the text as it is.
   std::string CloseWithoutEmptyLine();
 
  private:
   void Line(std::string_view indent, Pieces pieces);
-  // Room for `size` more characters, which count as used.
+  // Returns room for `size` more characters, which count as written.
   char* Extend(std::size_t size);
-  void Grow();
+  char* ExtendLongBlock(std::size_t size);
 
-  // Longer than what is used of it, so that a piece costs one copy and no bookkeeping.
-  std::string Text;
-  std::size_t Used = 0;
+  // Most blocks fit into Usual, which leaves the finished text as the only allocation. Of a longer
+  // block, Earlier has what precedes the characters in Usual.
+  std::string Earlier;
+  std::size_t Size = 0;
+  // Written up to Size and no further.
+  std::array<char, 2048> Usual;
 };
 
 }  // namespace kestrel
