@@ -163,21 +163,11 @@ unsigned TenthsOfVolts(std::uint8_t voltage) {
   return 0;
 }
 
-void AddVoltage(TextBlock& block, std::uint8_t voltage) {
-  const unsigned tenths = TenthsOfVolts(voltage);
-  if (tenths == 0) {
-    block.Item({"Voltage : ", kUnknown});
-  } else {
-    block.Item({"Voltage : ", Decimal(tenths / 10), ".", Decimal(tenths % 10), " V"});
-  }
-}
-
-void AddCacheHandle(TextBlock& block, std::string_view level, std::uint16_t handle) {
+ItemText CacheHandleText(std::string_view level, std::uint16_t handle) {
   if (handle == kNoCache) {
-    block.Item({level, " Cache Handle : Processor has no ", level, " cache"});
-  } else {
-    block.Item({level, " Cache Handle : ", Hex(handle, 4), "h"});
+    return {level, " Cache Handle : Processor has no ", level, " cache"};
   }
+  return {level, " Cache Handle : ", Hex(handle, 4), "h"};
 }
 
 // Processor Information: one processor socket, and the processor in it. Layout: DMTF DSP0134,
@@ -193,7 +183,10 @@ class SMType4Obj final : public SMObj {
   void SetProcessorType(std::uint8_t value) { ProcessorType = value; }
   void SetProcessorFamily(std::uint8_t value) { ProcessorFamily = value; }
   void SetProcessorManufacturer(std::uint8_t value) { ProcessorManufacturer = value; }
-  void SetProcessorId(std::uint32_t low, std::uint32_t high) { ProcessorId = {low, high}; }
+  void SetProcessorId(const std::array<std::uint8_t, 8>& bytes) {
+    TableCursor cursor(bytes);
+    ProcessorId = {cursor.U32(), cursor.U32()};
+  }
   void SetProcessorVersion(std::uint8_t value) { ProcessorVersion = value; }
   void SetVoltage(std::uint8_t value) { Voltage = value; }
   void SetExternalClock(std::uint16_t value) { ExternalClock = value; }
@@ -207,6 +200,45 @@ class SMType4Obj final : public SMObj {
   void SetSerialNumber(std::uint8_t value) { SerialNumber = value; }
   void SetAssetTag(std::uint8_t value) { AssetTag = value; }
   void SetPartNumber(std::uint8_t value) { PartNumber = value; }
+
+  ItemText GetSocketDesignationText() const {
+    return {"Socket Designation : ", GetString(SocketDesignation)};
+  }
+  ItemText GetProcessorTypeText() const {
+    return {"Processor Type : ", TextOfCode(kProcessorTypes, ProcessorType, kUnknown)};
+  }
+  ItemText GetProcessorFamilyText() const {
+    return {"Processor Family : ", TextOfCode(kProcessorFamilies, ProcessorFamily, kUnknown)};
+  }
+  ItemText GetProcessorManufacturerText() const {
+    return {"Processor Manufacturer : ", GetString(ProcessorManufacturer)};
+  }
+  ItemText GetProcessorIdText() const {
+    return {"Processor ID : ", Hex(ProcessorId[1], 8), "h ", Hex(ProcessorId[0], 8), "h"};
+  }
+  ItemText GetProcessorVersionText() const {
+    return {"Processor Version : ", GetString(ProcessorVersion)};
+  }
+  ItemText GetVoltageText() const;
+  ItemText GetExternalClockText() const {
+    return {"External Clock : ", Decimal(ExternalClock), " MHz"};
+  }
+  ItemText GetMaxSpeedText() const { return {"Max Speed : ", Decimal(MaxSpeed), " MHz"}; }
+  ItemText GetCurrentSpeedText() const {
+    return {"Current Speed : ", Decimal(CurrentSpeed), " MHz"};
+  }
+  ItemText GetStatusText() const {
+    // No blank after the comma: intended.
+    return {"Status : CPU Socket ",
+            (Status & kSocketPopulated) != 0 ? "Populated," : "Unpopulated,",
+            TextOfCode(kCpuStatuses, GetCpuStatus(), kUnknown)};
+  }
+  ItemText GetProcessorUpgradeText() const {
+    return {"Processor Upgrade : ", TextOfCode(kProcessorUpgrades, ProcessorUpgrade, kUnknown)};
+  }
+  ItemText GetL1CacheHandleText() const { return CacheHandleText("L1", L1CacheHandle); }
+  ItemText GetL2CacheHandleText() const { return CacheHandleText("L2", L2CacheHandle); }
+  ItemText GetL3CacheHandleText() const { return CacheHandleText("L3", L3CacheHandle); }
 
   std::string ToString() const override;
   std::string GetMifTableRow(int& rowIndex) const override;
@@ -236,26 +268,31 @@ class SMType4Obj final : public SMObj {
   std::uint8_t SocketDesignation = 0;
 };
 
+ItemText SMType4Obj::GetVoltageText() const {
+  const unsigned tenths = TenthsOfVolts(Voltage);
+  if (tenths == 0) {
+    return {"Voltage : ", kUnknown};
+  }
+  return {"Voltage : ", Decimal(tenths / 10), ".", Decimal(tenths % 10), " V"};
+}
+
 std::string SMType4Obj::ToString() const {
   TextBlock block("Processor Information (Type 4)");
-  block.Item({"Socket Designation : ", GetString(SocketDesignation)});
-  block.Item({"Processor Type : ", TextOfCode(kProcessorTypes, ProcessorType, kUnknown)});
-  block.Item({"Processor Family : ", TextOfCode(kProcessorFamilies, ProcessorFamily, kUnknown)});
-  block.Item({"Processor Manufacturer : ", GetString(ProcessorManufacturer)});
-  block.Item({"Processor ID : ", Hex(ProcessorId[1], 8), "h ", Hex(ProcessorId[0], 8), "h"});
-  block.Item({"Processor Version : ", GetString(ProcessorVersion)});
-  AddVoltage(block, Voltage);
-  block.Item({"External Clock : ", Decimal(ExternalClock), " MHz"});
-  block.Item({"Max Speed : ", Decimal(MaxSpeed), " MHz"});
-  block.Item({"Current Speed : ", Decimal(CurrentSpeed), " MHz"});
-  // No blank behind the comma: intended.
-  block.Item({"Status : CPU Socket ",
-              (Status & kSocketPopulated) != 0 ? "Populated," : "Unpopulated,",
-              TextOfCode(kCpuStatuses, GetCpuStatus(), kUnknown)});
-  block.Item({"Processor Upgrade : ", TextOfCode(kProcessorUpgrades, ProcessorUpgrade, kUnknown)});
-  AddCacheHandle(block, "L1", L1CacheHandle);
-  AddCacheHandle(block, "L2", L2CacheHandle);
-  AddCacheHandle(block, "L3", L3CacheHandle);
+  block.Item(GetSocketDesignationText());
+  block.Item(GetProcessorTypeText());
+  block.Item(GetProcessorFamilyText());
+  block.Item(GetProcessorManufacturerText());
+  block.Item(GetProcessorIdText());
+  block.Item(GetProcessorVersionText());
+  block.Item(GetVoltageText());
+  block.Item(GetExternalClockText());
+  block.Item(GetMaxSpeedText());
+  block.Item(GetCurrentSpeedText());
+  block.Item(GetStatusText());
+  block.Item(GetProcessorUpgradeText());
+  block.Item(GetL1CacheHandleText());
+  block.Item(GetL2CacheHandleText());
+  block.Item(GetL3CacheHandleText());
   return block.Close();
 }
 
@@ -274,9 +311,9 @@ void SMBiosReader::ReadType4(TableCursor& cursor) {
   object->SetProcessorType(cursor.U8());
   object->SetProcessorFamily(cursor.U8());
   object->SetProcessorManufacturer(cursor.U8());
-  const std::uint32_t low = cursor.U32();
-  const std::uint32_t high = cursor.U32();
-  object->SetProcessorId(low, high);
+  std::array<std::uint8_t, 8> processorId{};
+  cursor.Bytes(processorId);
+  object->SetProcessorId(processorId);
   object->SetProcessorVersion(cursor.U8());
   object->SetVoltage(cursor.U8());
   object->SetExternalClock(cursor.U16());

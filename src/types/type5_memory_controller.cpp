@@ -60,19 +60,48 @@ class SMType5Obj final : public SMObj {
   void SetMemoryModuleVoltage(std::uint8_t value) { MemoryModuleVoltage = value; }
   void SetNumberOfAssociatedSlots(std::uint8_t value) { NumberOfAssociatedSlots = value; }
   std::uint8_t GetNumberOfAssociatedSlots() const { return NumberOfAssociatedSlots; }
-  void SetMemoryModuleHandles(std::vector<std::uint16_t> value) {
-    MemoryModuleHandles = std::move(value);
+  // Copies `count` handles, of which `first` is the first.
+  void SetMemoryModuleHandles(const std::uint16_t* first, std::uint8_t count) {
+    MemoryModuleHandles.assign(first, first + count);
   }
   void SetEnabledErrorCorrectingCapabilities(std::uint8_t value) {
     EnabledErrorCorrectingCapabilities = value;
   }
 
+  ItemText GetErrorDetectingMethodText() const {
+    return {"Error Detecting Method : ",
+            TextOfCode(kErrorDetectingMethods, ErrorDetectingMethod, kUnknown)};
+  }
+  ItemText GetErrorCorrectingCapabilityText() const {
+    // Nothing between two capabilities: intended.
+    return {"Error Correcting Capability : ",
+            TextOfBits(kErrorCorrectingCapabilities, ErrorCorrectingCapability, "")};
+  }
+  ItemText GetSupportedInterleaveText() const {
+    return {"Support Interleave : ", TextOfCode(kInterleaves, SupportedInterleave, kUnknown)};
+  }
+  ItemText GetCurrentInterleaveText() const {
+    return {"Current Interleave : ", TextOfCode(kInterleaves, CurrentInterleave, kUnknown)};
+  }
+  ItemText GetMaximumMemoryModuleSizeText() const {
+    return {"Max Memory Size : ", Decimal(MegabytesOfExponent(MaximumMemoryModuleSize)), " MB"};
+  }
+  ItemText GetSupportedSpeedsText() const {
+    return {"Support Speeds :", TextOfBits(kSpeeds, SupportedSpeeds, "")};
+  }
+  ItemText GetSupportedMemoryTypesText() const {
+    return {"Support Memory Types : ",
+            TextOfBits(kMemoryTypes, SupportedMemoryTypes, kMemoryTypeSeparator)};
+  }
+  ItemText GetMemoryModuleVoltageText() const;
+  ItemText GetNumberOfAssociatedSlotsText() const {
+    return {"Number of Associated Memory Slots : ", Decimal(NumberOfAssociatedSlots)};
+  }
+  ItemText GetMemoryModuleHandlesText() const;
+
   std::string ToString() const override;
 
  private:
-  std::string_view GetVoltageText() const;
-  std::string GetHandlesText() const;
-
   // Nothing shows it.
   std::uint8_t EnabledErrorCorrectingCapabilities = 0;
   std::vector<std::uint16_t> MemoryModuleHandles;
@@ -88,37 +117,33 @@ class SMType5Obj final : public SMObj {
   std::uint8_t ErrorDetectingMethod = 0;
 };
 
-// Of several voltages only the first is shown: intended.
-std::string_view SMType5Obj::GetVoltageText() const {
+ItemText SMType5Obj::GetMemoryModuleVoltageText() const {
+  // Of several voltages only the first is shown: intended.
   const auto bit = static_cast<std::size_t>(std::countr_zero(MemoryModuleVoltage));
-  return bit < std::size(kVoltages) ? kVoltages[bit] : kUnknown;
+  return {"Memory Module Voltage : ", bit < std::size(kVoltages) ? kVoltages[bit] : kUnknown};
 }
 
-std::string SMType5Obj::GetHandlesText() const {
-  std::string text;
+ItemText SMType5Obj::GetMemoryModuleHandlesText() const {
+  ItemText text{"Memory Module Configuration Handles :"};
   for (const std::uint16_t handle : MemoryModuleHandles) {
     // At least two digits, though a handle has four: intended.
-    Append(text, {" ", Hex(handle, 2), "h"});
+    text.Append({" ", Hex(handle, 2), "h"});
   }
   return text;
 }
 
 std::string SMType5Obj::ToString() const {
   TextBlock block("Memory Controller Information (Type 5)");
-  block.Item({"Error Detecting Method : ",
-              TextOfCode(kErrorDetectingMethods, ErrorDetectingMethod, kUnknown)});
-  // Nothing between two capabilities: intended.
-  block.Item({"Error Correcting Capability : ",
-              TextOfBits(kErrorCorrectingCapabilities, ErrorCorrectingCapability, "")});
-  block.Item({"Support Interleave : ", TextOfCode(kInterleaves, SupportedInterleave, kUnknown)});
-  block.Item({"Current Interleave : ", TextOfCode(kInterleaves, CurrentInterleave, kUnknown)});
-  block.Item({"Max Memory Size : ", Decimal(MegabytesOfExponent(MaximumMemoryModuleSize)), " MB"});
-  block.Item({"Support Speeds :", TextOfBits(kSpeeds, SupportedSpeeds, "")});
-  block.Item({"Support Memory Types : ",
-              TextOfBits(kMemoryTypes, SupportedMemoryTypes, kMemoryTypeSeparator)});
-  block.Item({"Memory Module Voltage : ", GetVoltageText()});
-  block.Item({"Number of Associated Memory Slots : ", Decimal(NumberOfAssociatedSlots)});
-  block.Item({"Memory Module Configuration Handles :", GetHandlesText()});
+  block.Item(GetErrorDetectingMethodText());
+  block.Item(GetErrorCorrectingCapabilityText());
+  block.Item(GetSupportedInterleaveText());
+  block.Item(GetCurrentInterleaveText());
+  block.Item(GetMaximumMemoryModuleSizeText());
+  block.Item(GetSupportedSpeedsText());
+  block.Item(GetSupportedMemoryTypesText());
+  block.Item(GetMemoryModuleVoltageText());
+  block.Item(GetNumberOfAssociatedSlotsText());
+  block.Item(GetMemoryModuleHandlesText());
   return block.Close();
 }
 
@@ -136,11 +161,12 @@ void SMBiosReader::ReadType5(TableCursor& cursor) {
   object->SetSupportedMemoryTypes(cursor.U16());
   object->SetMemoryModuleVoltage(cursor.U8());
   object->SetNumberOfAssociatedSlots(cursor.U8());
-  std::vector<std::uint16_t> handles(object->GetNumberOfAssociatedSlots());
-  for (std::uint16_t& handle : handles) {
+  std::array<std::uint16_t, 0xFF> handles{};
+  const std::uint8_t count = object->GetNumberOfAssociatedSlots();
+  for (std::uint16_t& handle : std::span(handles).first(count)) {
     handle = cursor.U16();
   }
-  object->SetMemoryModuleHandles(std::move(handles));
+  object->SetMemoryModuleHandles(handles.data(), count);
   object->SetEnabledErrorCorrectingCapabilities(cursor.U8());
   AppendObject(std::move(object));
 }

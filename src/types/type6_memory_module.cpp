@@ -26,6 +26,15 @@ constexpr unsigned kNotConnected = 0xF;
 
 constexpr std::string_view kErrorStatus[] = {"Uncorrectable errors", "Correctable errors"};
 
+ItemText SizeText(std::string_view label, std::uint8_t size) {
+  const unsigned code = size & kSizeBits;
+  const std::string_view text = TextOfCode(kSizeCodes, code, kNothing);
+  if (!text.empty()) {
+    return {label, text};
+  }
+  return {label, Decimal(MegabytesOfExponent(code)), " MB"};
+}
+
 // Memory Module Information: one socket, the module in it and its errors. Layout: DMTF DSP0134,
 // "Memory Module Information (Type 6, Obsolete) structure".
 class SMType6Obj final : public SMObj {
@@ -43,11 +52,30 @@ class SMType6Obj final : public SMObj {
   void SetEnabledSize(std::uint8_t value) { EnabledSize = value; }
   void SetErrorStatus(std::uint8_t value) { ErrorStatus = value; }
 
+  ItemText GetSocketDesignationText() const {
+    return {"Socket Designation : ", GetString(SocketDesignation)};
+  }
+  ItemText GetBankConnectionsText() const;
+  ItemText GetCurrentSpeedText() const {
+    return {"Current Speed : ", Decimal(CurrentSpeed), " ns"};
+  }
+  ItemText GetCurrentMemoryTypeText() const {
+    return {"Current Memory Type : ",
+            TextOfBits(kMemoryTypes, CurrentMemoryType, kMemoryTypeSeparator)};
+  }
+  ItemText GetInstalledSizeText() const { return SizeText("Installed Size : ", InstalledSize); }
+  ItemText GetEnabledSizeText() const { return SizeText("Enable Size : ", EnabledSize); }
+  ItemText GetBankConnectionText() const {
+    return {"Bank Connection : ",
+            (InstalledSize & kDoubleBank) != 0 ? "Double Bank" : "Single Bank"};
+  }
+  ItemText GetErrorStatusText() const {
+    return {"Error Status : ", TextOfBits(kErrorStatus, ErrorStatus, " and ")};
+  }
+
   std::string ToString() const override;
 
  private:
-  std::string GetRasText() const;
-
   std::uint8_t ErrorStatus = 0;
   // The two sizes hold an exponent or a code, and a bit for a double bank.
   std::uint8_t EnabledSize = 0;
@@ -59,41 +87,29 @@ class SMType6Obj final : public SMObj {
   std::uint8_t SocketDesignation = 0;
 };
 
-std::string SMType6Obj::GetRasText() const {
+ItemText SMType6Obj::GetBankConnectionsText() const {
   const unsigned high = BankConnections >> 4U;
   const unsigned low = BankConnections & 0xFU;
-  std::string text;
+  ItemText text{"Bank Connections :"};
   if (high != kNotConnected) {
-    Append(text, {" RAS", Decimal(high)});
+    text.Append({" RAS", Decimal(high)});
   }
   if (low != kNotConnected && low != high) {
-    Append(text, {" RAS", Decimal(low)});
+    text.Append({" RAS", Decimal(low)});
   }
   return text;
 }
 
-void AddSize(TextBlock& block, std::string_view label, std::uint8_t size) {
-  const unsigned code = size & kSizeBits;
-  const std::string_view text = TextOfCode(kSizeCodes, code, kNothing);
-  if (text.empty()) {
-    block.Item({label, Decimal(MegabytesOfExponent(code)), " MB"});
-  } else {
-    block.Item({label, text});
-  }
-}
-
 std::string SMType6Obj::ToString() const {
   TextBlock block("Memory Module Information (Type 6)");
-  block.Item({"Socket Designation : ", GetString(SocketDesignation)});
-  block.Item({"Bank Connections :", GetRasText()});
-  block.Item({"Current Speed : ", Decimal(CurrentSpeed), " ns"});
-  block.Item({"Current Memory Type : ",
-              TextOfBits(kMemoryTypes, CurrentMemoryType, kMemoryTypeSeparator)});
-  AddSize(block, "Installed Size : ", InstalledSize);
-  AddSize(block, "Enable Size : ", EnabledSize);
-  block.Item(
-      {"Bank Connection : ", (InstalledSize & kDoubleBank) != 0 ? "Double Bank" : "Single Bank"});
-  block.Item({"Error Status : ", TextOfBits(kErrorStatus, ErrorStatus, " and ")});
+  block.Item(GetSocketDesignationText());
+  block.Item(GetBankConnectionsText());
+  block.Item(GetCurrentSpeedText());
+  block.Item(GetCurrentMemoryTypeText());
+  block.Item(GetInstalledSizeText());
+  block.Item(GetEnabledSizeText());
+  block.Item(GetBankConnectionText());
+  block.Item(GetErrorStatusText());
   return block.Close();
 }
 

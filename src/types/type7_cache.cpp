@@ -52,6 +52,10 @@ constexpr CodeText kAssociativities[] = {
     {8, "16-way Set-Associative"},
 };
 
+std::uint32_t GranularityOf(std::uint16_t size) { return (size & 0x8000U) != 0 ? 64 : 1; }
+
+std::uint32_t KilobytesOf(std::uint16_t size) { return (size & 0x7FFFU) * GranularityOf(size); }
+
 // Cache Information: one cache of a processor or of the system. Layout: DMTF DSP0134, "Cache
 // Information (Type 7) structure".
 class SMType7Obj final : public SMObj {
@@ -72,17 +76,59 @@ class SMType7Obj final : public SMObj {
   void SetSystemCacheType(std::uint8_t value) { SystemCacheType = value; }
   void SetAssociativity(std::uint8_t value) { Associativity = value; }
 
+  ItemText GetSocketDesignationText() const {
+    return {"Socket Designation : ", GetString(SocketDesignation)};
+  }
+  ItemText GetOperationalModeText() const {
+    return {"Operational Mode : ", GetOperationalMode().Text};
+  }
+  ItemText GetCacheMemoryText() const {
+    return {"Cache Memory : ", (CacheConfiguration & 0x80U) != 0 ? "Enabled" : "Disabled"};
+  }
+  ItemText GetLocationText() const {
+    return {"Location, relative to the CPU module : ", kLocations[CacheConfiguration >> 5 & 3U]};
+  }
+  ItemText GetCacheSocketedText() const {
+    return {"Cache Socketed : ", (CacheConfiguration & 8U) != 0 ? "Socketed" : "Not Socketed"};
+  }
+  ItemText GetCacheLevelText() const { return {"Cache Level : ", Decimal(GetStoredLevel() + 1)}; }
+  ItemText GetMaximumGranularityText() const {
+    return {"Maximum Granularity : ", Decimal(GranularityOf(MaximumCacheSize)), " K"};
+  }
+  ItemText GetMaximumCacheSizeText() const {
+    return {"Maximum Cache Size : ", Decimal(KilobytesOf(MaximumCacheSize)), " KB"};
+  }
+  ItemText GetInstalledGranularityText() const {
+    return {"Installed Granularity : ", Decimal(GranularityOf(InstalledSize)), " K"};
+  }
+  ItemText GetInstalledSizeText() const {
+    return {"Installed Size : ", Decimal(KilobytesOf(InstalledSize)), " KB"};
+  }
+  ItemText GetSupportedSramTypeText() const {
+    return {"Supported SRAM Type :", TextOfBits(kSramTypes, SupportedSramType, "")};
+  }
+  ItemText GetCurrentSramTypeText() const {
+    return {"Current SRAM Type :", TextOfBits(kSramTypes, CurrentSramType, "")};
+  }
+  ItemText GetCacheSpeedText() const;
+  ItemText GetErrorCorrectionTypeText() const {
+    return {"Error Correction Type : ",
+            TextOfCode(kErrorCorrectionTypes, ErrorCorrectionType, kNothing)};
+  }
+  ItemText GetSystemCacheTypeText() const {
+    return {"System Cache Type : ", TextOfCode(kSystemCacheTypes, SystemCacheType, kNothing)};
+  }
+  ItemText GetAssociativityText() const {
+    return {"Associativity : ", TextOfCode(kAssociativities, Associativity, kNothing)};
+  }
+
   std::string ToString() const override;
   std::string GetMifTableRow(int& rowIndex) const override;
 
  private:
-  // The parts of the configuration word.
   const OperationalMode& GetOperationalMode() const {
     return kOperationalModes[CacheConfiguration >> 8 & 3U];
   }
-  bool IsEnabled() const { return (CacheConfiguration & 0x80U) != 0; }
-  std::string_view GetLocationText() const { return kLocations[CacheConfiguration >> 5 & 3U]; }
-  bool IsSocketed() const { return (CacheConfiguration & 8U) != 0; }
   // 0 for a cache of level 1.
   std::uint32_t GetStoredLevel() const { return CacheConfiguration & 7U; }
 
@@ -99,33 +145,31 @@ class SMType7Obj final : public SMObj {
   std::uint8_t SocketDesignation = 0;
 };
 
-std::uint32_t GranularityOf(std::uint16_t size) { return (size & 0x8000U) != 0 ? 64 : 1; }
-
-std::uint32_t KilobytesOf(std::uint16_t size) { return (size & 0x7FFFU) * GranularityOf(size); }
+ItemText SMType7Obj::GetCacheSpeedText() const {
+  if (CacheSpeed == 0) {
+    return {"Cache Speed : ", kUnknown};
+  }
+  return {"Cache Speed : ", Decimal(CacheSpeed), " ns"};
+}
 
 std::string SMType7Obj::ToString() const {
   TextBlock block("Cache Information (Type 7)");
-  block.Item({"Socket Designation : ", GetString(SocketDesignation)});
-  block.Item({"Operational Mode : ", GetOperationalMode().Text});
-  block.Item({"Cache Memory : ", IsEnabled() ? "Enabled" : "Disabled"});
-  block.Item({"Location, relative to the CPU module : ", GetLocationText()});
-  block.Item({"Cache Socketed : ", IsSocketed() ? "Socketed" : "Not Socketed"});
-  block.Item({"Cache Level : ", Decimal(GetStoredLevel() + 1)});
-  block.Item({"Maximum Granularity : ", Decimal(GranularityOf(MaximumCacheSize)), " K"});
-  block.Item({"Maximum Cache Size : ", Decimal(KilobytesOf(MaximumCacheSize)), " KB"});
-  block.Item({"Installed Granularity : ", Decimal(GranularityOf(InstalledSize)), " K"});
-  block.Item({"Installed Size : ", Decimal(KilobytesOf(InstalledSize)), " KB"});
-  block.Item({"Supported SRAM Type :", TextOfBits(kSramTypes, SupportedSramType, "")});
-  block.Item({"Current SRAM Type :", TextOfBits(kSramTypes, CurrentSramType, "")});
-  if (CacheSpeed == 0) {
-    block.Item({"Cache Speed : Unknown"});
-  } else {
-    block.Item({"Cache Speed : ", Decimal(CacheSpeed), " ns"});
-  }
-  block.Item({"Error Correction Type : ",
-              TextOfCode(kErrorCorrectionTypes, ErrorCorrectionType, kNothing)});
-  block.Item({"System Cache Type : ", TextOfCode(kSystemCacheTypes, SystemCacheType, kNothing)});
-  block.Item({"Associativity : ", TextOfCode(kAssociativities, Associativity, kNothing)});
+  block.Item(GetSocketDesignationText());
+  block.Item(GetOperationalModeText());
+  block.Item(GetCacheMemoryText());
+  block.Item(GetLocationText());
+  block.Item(GetCacheSocketedText());
+  block.Item(GetCacheLevelText());
+  block.Item(GetMaximumGranularityText());
+  block.Item(GetMaximumCacheSizeText());
+  block.Item(GetInstalledGranularityText());
+  block.Item(GetInstalledSizeText());
+  block.Item(GetSupportedSramTypeText());
+  block.Item(GetCurrentSramTypeText());
+  block.Item(GetCacheSpeedText());
+  block.Item(GetErrorCorrectionTypeText());
+  block.Item(GetSystemCacheTypeText());
+  block.Item(GetAssociativityText());
   return block.Close();
 }
 

@@ -109,11 +109,24 @@ class SMType8Obj final : public SMObj {
   void SetExternalConnectorType(std::uint8_t value) { ExternalConnectorType = value; }
   void SetPortType(std::uint8_t value) { PortType = value; }
 
+  ItemText GetInternalReferenceDesignatorText() const {
+    return {"Internal Designator : ", GetString(InternalReferenceDesignator)};
+  }
+  ItemText GetInternalConnectorTypeText() const;
+  ItemText GetExternalReferenceDesignatorText() const {
+    return {"External Designator : ", GetString(ExternalReferenceDesignator)};
+  }
+  ItemText GetExternalConnectorTypeText() const {
+    return {"External Connector Type : ",
+            TextOfCode(kConnectorTypes, ExternalConnectorType, kNothing)};
+  }
+  ItemText GetPortTypeText() const {
+    return {"Port Type : ", TextOfCode(kPortTypes, PortType, kNothing)};
+  }
+
   std::string ToString() const override;
 
  private:
-  std::string_view GetInternalConnectorTypeText() const;
-
   std::uint8_t PortType = 0;
   std::uint8_t ExternalConnectorType = 0;
   std::uint8_t ExternalReferenceDesignator = 0;
@@ -121,23 +134,23 @@ class SMType8Obj final : public SMObj {
   std::uint8_t InternalReferenceDesignator = 0;
 };
 
-std::string_view SMType8Obj::GetInternalConnectorTypeText() const {
+ItemText SMType8Obj::GetInternalConnectorTypeText() const {
   // Only the designator tells a keyboard's connector from the others that have no code.
-  if (InternalConnectorType == kOtherConnector &&
-      GetString(InternalReferenceDesignator).find("Keyboard") != std::string_view::npos) {
-    return kKeyboardConnector;
-  }
-  return TextOfCode(kConnectorTypes, InternalConnectorType, kNothing);
+  const bool isKeyboard =
+      InternalConnectorType == kOtherConnector &&
+      GetString(InternalReferenceDesignator).find("Keyboard") != std::string_view::npos;
+  return {"Internal Connector Type : ",
+          isKeyboard ? kKeyboardConnector
+                     : TextOfCode(kConnectorTypes, InternalConnectorType, kNothing)};
 }
 
 std::string SMType8Obj::ToString() const {
   TextBlock block("Port Connector Information (Type 8)");
-  block.Item({"Internal Designator : ", GetString(InternalReferenceDesignator)});
-  block.Item({"Internal Connector Type : ", GetInternalConnectorTypeText()});
-  block.Item({"External Designator : ", GetString(ExternalReferenceDesignator)});
-  block.Item(
-      {"External Connector Type : ", TextOfCode(kConnectorTypes, ExternalConnectorType, kNothing)});
-  block.Item({"Port Type : ", TextOfCode(kPortTypes, PortType, kNothing)});
+  block.Item(GetInternalReferenceDesignatorText());
+  block.Item(GetInternalConnectorTypeText());
+  block.Item(GetExternalReferenceDesignatorText());
+  block.Item(GetExternalConnectorTypeText());
+  block.Item(GetPortTypeText());
   return block.Close();
 }
 

@@ -66,9 +66,6 @@ constexpr std::string_view kCharacteristics[] = {
     "PC Card slot supports Modem Ring Resume",
 };
 
-// The texts of the characteristics run into each other: intended.
-constexpr std::string_view kNoSeparator;
-
 // System Slots: one expansion slot. Layout: DMTF DSP0134, "System Slots (Type 9) structure".
 class SMType9Obj final : public SMObj {
  public:
@@ -85,6 +82,27 @@ class SMType9Obj final : public SMObj {
   void SetSlotId(std::uint16_t value) { SlotId = value; }
   void SetSlotCharacteristics1(std::uint8_t value) { SlotCharacteristics1 = value; }
   void SetSlotCharacteristics2(std::uint8_t value) { SlotCharacteristics2 = value; }
+
+  ItemText GetSlotDesignationText() const {
+    return {"Slot Designation : ", GetString(SlotDesignation)};
+  }
+  ItemText GetSlotTypeText() const {
+    return {"Slot Type : ", TextOfCode(kSlotTypes, SlotType, kNothing)};
+  }
+  ItemText GetSlotDataBusWidthText() const {
+    return {"Slot Data Bus Width : ", TextOfCode(kDataBusWidths, SlotDataBusWidth, kNothing)};
+  }
+  ItemText GetCurrentUsageText() const {
+    return {"Current Usage : ", TextOfCode(kUsages, CurrentUsage, kNothing)};
+  }
+  ItemText GetSlotLengthText() const {
+    return {"Slot Length : ", TextOfCode(kSlotLengths, SlotLength, kNothing)};
+  }
+  ItemText GetSlotIdText() const { return {"Slot ID : ", Hex(SlotId, 4), "h"}; }
+  ItemText GetSlotCharacteristics1Text() const {
+    // The texts of the characteristics run into each other: intended.
+    return {"Slot Characteristics 1 : ", TextOfBits(kCharacteristics, SlotCharacteristics1, "")};
+  }
 
   std::string ToString() const override;
   std::string GetMifTableRow(int& rowIndex) const override;
@@ -103,14 +121,13 @@ class SMType9Obj final : public SMObj {
 
 std::string SMType9Obj::ToString() const {
   TextBlock block("System Slots (Type 9)");
-  block.Item({"Slot Designation : ", GetString(SlotDesignation)});
-  block.Item({"Slot Type : ", TextOfCode(kSlotTypes, SlotType, kNothing)});
-  block.Item({"Slot Data Bus Width : ", TextOfCode(kDataBusWidths, SlotDataBusWidth, kNothing)});
-  block.Item({"Current Usage : ", TextOfCode(kUsages, CurrentUsage, kNothing)});
-  block.Item({"Slot Length : ", TextOfCode(kSlotLengths, SlotLength, kNothing)});
-  block.Item({"Slot ID : ", Hex(SlotId, 4), "h"});
-  block.Item({"Slot Characteristics 1 : ",
-              TextOfBits(kCharacteristics, SlotCharacteristics1, kNoSeparator)});
+  block.Item(GetSlotDesignationText());
+  block.Item(GetSlotTypeText());
+  block.Item(GetSlotDataBusWidthText());
+  block.Item(GetCurrentUsageText());
+  block.Item(GetSlotLengthText());
+  block.Item(GetSlotIdText());
+  block.Item(GetSlotCharacteristics1Text());
   return block.Close();
 }
 
