@@ -12,6 +12,7 @@
 
 namespace {
 
+using kestrel::ItemText;
 using kestrel::SMBiosReader;
 using kestrel::SMType0Obj;
 
@@ -41,13 +42,13 @@ std::int32_t CopyText(std::string_view text, std::int32_t bufferSize, char* buff
 }
 
 // The value behind the label of an item text, with the blank that ends the label.
-std::int32_t CopyBiosValue(std::string (SMType0Obj::*itemText)() const, std::string_view label,
+std::int32_t CopyBiosValue(ItemText (SMType0Obj::*itemText)() const, std::string_view label,
                            std::int32_t bufferSize, char* buffer) {
   const SMType0Obj* bios = libraryReader != nullptr ? libraryReader->GetType0Obj() : nullptr;
   if (bios == nullptr) {
     return 0;
   }
-  const std::string text = (bios->*itemText)();
+  const ItemText text = (bios->*itemText)();
   return CopyText(std::string_view(text).substr(label.size() - 1), bufferSize, buffer);
 }
 

@@ -54,6 +54,10 @@ class SMObj {
   std::uint8_t Length = 0;
   std::uint8_t Type = 0xFF;
   std::vector<std::string> Strings;
+
+ protected:
+  // Ends the lines of a text.
+  const char* LineEnd = "\r\n";
 };
 
 // The decoded structures in table order; it owns them.

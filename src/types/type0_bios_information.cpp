@@ -7,7 +7,6 @@
 #include "model/mif_row.h"
 #include "model/smbios_reader.h"
 #include "model/table_cursor.h"
-#include "model/text.h"
 
 namespace kestrel {
 
@@ -80,12 +79,6 @@ constexpr std::string_view kMissingMifDate = "20000101000000.000000-300";
 
 bool IsSet(std::uint32_t bits, std::uint8_t bit) { return (bits >> bit & 1U) != 0; }
 
-void AddFeatures(TextBlock& block, std::span<const FeatureBit> features, std::uint32_t bits) {
-  for (const FeatureBit& feature : features) {
-    block.SubItem({feature.Label, IsSet(bits, feature.Bit) ? "Yes" : "No"});
-  }
-}
-
 std::string_view PieceOf(std::string_view text, std::size_t start, std::size_t length) {
   return start < text.size() ? text.substr(start, length) : std::string_view{};
 }
@@ -114,7 +107,7 @@ void SMBiosReader::ReadType0(TableCursor& cursor) {
   auto object = std::make_unique<SMType0Obj>();
   ReadHeader(*object, cursor);
   if (object->GetLength() < kFixedLength) {
-    // Zero padding behind a string set reads as such a structure.
+    // Zero padding after a string set reads as such a structure.
     return;
   }
   object->SetVendor(cursor.U8());
@@ -125,7 +118,8 @@ void SMBiosReader::ReadType0(TableCursor& cursor) {
   const std::uint32_t low = cursor.U32();
   const std::uint32_t high = cursor.U32();
   object->SetBiosCharacteristics(low, high);
-  std::vector<std::uint8_t> extension(object->GetLength() - std::size_t{kFixedLength});
+  object->SetExtensionByteCount(object->GetLength() - kFixedLength);
+  std::vector<std::uint8_t> extension(object->GetExtensionByteCount());
   cursor.Bytes(extension);
   object->SetExtensionBytes(std::move(extension));
   CollectStrings(*object, cursor);
@@ -136,35 +130,51 @@ const SMType0Obj* SMBiosReader::GetType0Obj() const {
   return static_cast<const SMType0Obj*>(GetFirstObj(0));
 }
 
-std::string SMType0Obj::GetVendorText() const {
-  return std::string(kVendorLabel).append(GetString(Vendor));
+ItemText SMType0Obj::GetVendorText() const { return {kVendorLabel, GetString(Vendor)}; }
+
+ItemText SMType0Obj::GetVersionText() const { return {kVersionLabel, GetString(BiosVersion)}; }
+
+ItemText SMType0Obj::GetReleaseDateText() const {
+  return {kReleaseDateLabel, GetString(BiosReleaseDate)};
 }
 
-std::string SMType0Obj::GetVersionText() const {
-  return std::string(kVersionLabel).append(GetString(BiosVersion));
+ItemText SMType0Obj::GetBiosStartingAddressSegmentText() const {
+  return {"BIOS Starting Address Segment : ", Hex(BiosStartingAddressSegment, 4), "h"};
 }
 
-std::string SMType0Obj::GetReleaseDateText() const {
-  return std::string(kReleaseDateLabel).append(GetString(BiosReleaseDate));
+ItemText SMType0Obj::GetBiosRomSizeText() const {
+  return {"BIOS Rom Size : ", Decimal(GetRomSize()), " K"};
+}
+
+std::string SMType0Obj::GetBiosCharacteristicsText() const {
+  std::string text;
+  Append(text, {"BIOS Characteristics : ", Hex(BiosCharacteristics[0], 8), "h ",
+                Hex(BiosCharacteristics[1], 8), "h", LineEnd});
+  const auto appendFeatures = [&](std::span<const FeatureBit> features, std::uint32_t bits) {
+    for (const FeatureBit& feature : features) {
+      Append(text, {"\t\t", feature.Label, IsSet(bits, feature.Bit) ? "Yes" : "No", LineEnd});
+    }
+  };
+  appendFeatures(kCharacteristics, BiosCharacteristics[0]);
+  if (ExtensionByteCount > 0) {
+    appendFeatures(kExtensionByte1, ExtensionBytes[0]);
+  }
+  if (ExtensionByteCount > 1) {
+    appendFeatures(kExtensionByte2, ExtensionBytes[1]);
+  }
+  return text;
 }
 
 std::string SMType0Obj::ToString() const {
   TextBlock block("BIOS Information (Type 0)");
-  block.Item({GetVendorText()});
-  block.Item({GetVersionText()});
-  block.Item({"BIOS Starting Address Segment : ", Hex(BiosStartingAddressSegment, 4), "h"});
-  block.Item({GetReleaseDateText()});
-  block.Item({"BIOS Rom Size : ", Decimal(GetRomSize()), " K"});
-  block.Item({"BIOS Characteristics : ", Hex(BiosCharacteristics[0], 8), "h ",
-              Hex(BiosCharacteristics[1], 8), "h"});
-  AddFeatures(block, kCharacteristics, BiosCharacteristics[0]);
-  if (!ExtensionBytes.empty()) {
-    AddFeatures(block, kExtensionByte1, ExtensionBytes[0]);
-  }
-  if (ExtensionBytes.size() > 1) {
-    AddFeatures(block, kExtensionByte2, ExtensionBytes[1]);
-  }
-  return block.Close();
+  block.Item(GetVendorText());
+  block.Item(GetVersionText());
+  block.Item(GetBiosStartingAddressSegmentText());
+  block.Item(GetReleaseDateText());
+  block.Item(GetBiosRomSizeText());
+  // Brings a line end of its own: the item's makes the closing empty line.
+  block.Item(GetBiosCharacteristicsText());
+  return block.CloseWithoutEmptyLine();
 }
 
 std::string SMType0Obj::GetMifTableRow(int& /*rowIndex*/) const {

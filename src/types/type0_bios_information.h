@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/sm_obj.h"
+#include "model/text.h"
 
 namespace kestrel {
 
@@ -24,12 +25,19 @@ class SMType0Obj final : public SMObj {
   void SetBiosCharacteristics(std::uint32_t low, std::uint32_t high) {
     BiosCharacteristics = {low, high};
   }
+  void SetExtensionByteCount(std::uint8_t value) { ExtensionByteCount = value; }
+  std::uint8_t GetExtensionByteCount() const { return ExtensionByteCount; }
   void SetExtensionBytes(std::vector<std::uint8_t> bytes);
 
-  // Item texts of the block: a label that ends in " : ", then the string, if there is one.
-  std::string GetVendorText() const;
-  std::string GetVersionText() const;
-  std::string GetReleaseDateText() const;
+  // A label that ends in " : ", followed by the string, if there is one.
+  ItemText GetVendorText() const;
+  ItemText GetVersionText() const;
+  ItemText GetReleaseDateText() const;
+
+  ItemText GetBiosStartingAddressSegmentText() const;
+  ItemText GetBiosRomSizeText() const;
+  // Several lines: the bits as numbers, then a line per feature. The last one has its line end.
+  std::string GetBiosCharacteristicsText() const;
 
   std::string ToString() const override;
   std::string GetMifTableRow(int& rowIndex) const override;
@@ -41,6 +49,7 @@ class SMType0Obj final : public SMObj {
   std::uint32_t GetRomSize() const { return (BiosRomSize + 1U) * 64U; }
 
   std::vector<std::uint8_t> ExtensionBytes;
+  std::uint8_t ExtensionByteCount = 0;
   // The low half of the bits, then the high half.
   std::array<std::uint32_t, 2> BiosCharacteristics{};
   std::uint8_t BiosRomSize = 0;
@@ -50,7 +59,7 @@ class SMType0Obj final : public SMObj {
   std::uint8_t Vendor = 0;
 };
 
-// The labels of the three item texts.
+// The labels of the first three texts.
 inline constexpr std::string_view kVendorLabel = "Vendor Name : ";
 inline constexpr std::string_view kVersionLabel = "BIOS Version : ";
 inline constexpr std::string_view kReleaseDateLabel = "BIOS Release Date : ";

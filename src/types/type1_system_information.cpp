@@ -6,7 +6,6 @@
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
 #include "model/table_cursor.h"
-#include "model/text.h"
 
 namespace kestrel {
 
@@ -40,43 +39,41 @@ void SMBiosReader::ReadType1(TableCursor& cursor) {
   AppendObject(std::move(object));
 }
 
-std::string SMType1Obj::GetManufacturerText() const {
-  return std::string("Manufacturer Name : ").append(GetString(Manufacturer));
+ItemText SMType1Obj::GetManufacturerText() const {
+  return {"Manufacturer Name : ", GetString(Manufacturer)};
 }
 
-std::string SMType1Obj::GetProductNameText() const {
-  return std::string("Product Name : ").append(GetString(ProductName));
+ItemText SMType1Obj::GetProductNameText() const {
+  return {"Product Name : ", GetString(ProductName)};
 }
 
-std::string SMType1Obj::GetVersionText() const {
-  return std::string("Version : ").append(GetString(Version));
+ItemText SMType1Obj::GetVersionText() const { return {"Version : ", GetString(Version)}; }
+
+ItemText SMType1Obj::GetSerialNumberText() const {
+  return {"Serial Number : ", GetString(SerialNumber)};
 }
 
-std::string SMType1Obj::GetSerialNumberText() const {
-  return std::string("Serial Number : ").append(GetString(SerialNumber));
-}
-
-std::string SMType1Obj::GetUuidText() const {
-  // No blank behind the colon: each byte brings its own, and no leading zero.
-  std::string text = "UUID :";
+ItemText SMType1Obj::GetUuidText() const {
+  // No blank after the colon: each byte brings its own, and no leading zero.
+  ItemText text{"UUID :"};
   for (const std::uint8_t byte : Uuid) {
-    Append(text, {" ", Hex(byte, 1)});
+    text.Append({" ", Hex(byte, 1)});
   }
   return text;
 }
 
-std::string SMType1Obj::GetWakeUpTypeText() const {
-  return std::string("Wake-up Type : ").append(TextOfCode(kWakeUpTypes, WakeUpType, kUnknown));
+ItemText SMType1Obj::GetWakeUpTypeText() const {
+  return {"Wake-up Type : ", TextOfCode(kWakeUpTypes, WakeUpType, kUnknown)};
 }
 
 std::string SMType1Obj::ToString() const {
   TextBlock block("System Information (Type 1)");
-  block.Item({GetManufacturerText()});
-  block.Item({GetProductNameText()});
-  block.Item({GetVersionText()});
-  block.Item({GetSerialNumberText()});
-  block.Item({GetUuidText()});
-  block.Item({GetWakeUpTypeText()});
+  block.Item(GetManufacturerText());
+  block.Item(GetProductNameText());
+  block.Item(GetVersionText());
+  block.Item(GetSerialNumberText());
+  block.Item(GetUuidText());
+  block.Item(GetWakeUpTypeText());
   return block.Close();
 }
 

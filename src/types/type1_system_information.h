@@ -5,6 +5,7 @@
 #include <string>
 
 #include "model/sm_obj.h"
+#include "model/text.h"
 
 namespace kestrel {
 
@@ -21,14 +22,13 @@ class SMType1Obj final : public SMObj {
   void SetUuid(const std::array<std::uint8_t, 16>& value) { Uuid = value; }
   void SetWakeUpType(std::uint8_t value) { WakeUpType = value; }
 
-  // Item texts of the block. The first four are a label that ends in " : ", then the string, if
-  // there is one.
-  std::string GetManufacturerText() const;
-  std::string GetProductNameText() const;
-  std::string GetVersionText() const;
-  std::string GetSerialNumberText() const;
-  std::string GetUuidText() const;
-  std::string GetWakeUpTypeText() const;
+  // The first four are a label that ends in " : ", followed by the string, if there is one.
+  ItemText GetManufacturerText() const;
+  ItemText GetProductNameText() const;
+  ItemText GetVersionText() const;
+  ItemText GetSerialNumberText() const;
+  ItemText GetUuidText() const;
+  ItemText GetWakeUpTypeText() const;
 
   std::string ToString() const override;
 

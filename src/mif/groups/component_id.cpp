@@ -87,8 +87,7 @@ std::string ValueOf(std::string_view itemText) {
   return std::string(value.substr(0, value.find_last_not_of(" \t\r\n\v\f") + 1));
 }
 
-std::string ComponentValue(const SMBiosReader& reader,
-                           std::string (SMType1Obj::*itemText)() const) {
+std::string ComponentValue(const SMBiosReader& reader, ItemText (SMType1Obj::*itemText)() const) {
   const auto* system = static_cast<const SMType1Obj*>(reader.GetFirstObj(1));
   return system != nullptr ? ValueOf((system->*itemText)()) : std::string();
 }
