@@ -74,47 +74,9 @@ class SMBiosReader {
 
   // types/: each reader takes one structure, with the cursor on its Length byte, and appends its
   // object to the list.
-  void ReadType0(TableCursor& cursor);
-  void ReadType1(TableCursor& cursor);
-  void ReadType2(TableCursor& cursor);
-  void ReadType3(TableCursor& cursor);
-  void ReadType4(TableCursor& cursor);
-  void ReadType5(TableCursor& cursor);
-  void ReadType6(TableCursor& cursor);
-  void ReadType7(TableCursor& cursor);
-  void ReadType8(TableCursor& cursor);
-  void ReadType9(TableCursor& cursor);
-  void ReadType10(TableCursor& cursor);
-  void ReadType11(TableCursor& cursor);
-  void ReadType12(TableCursor& cursor);
-  void ReadType13(TableCursor& cursor);
-  void ReadType14(TableCursor& cursor);
-  void ReadType15(TableCursor& cursor);
-  void ReadType16(TableCursor& cursor);
-  void ReadType17(TableCursor& cursor);
-  void ReadType18(TableCursor& cursor);
-  void ReadType19(TableCursor& cursor);
-  void ReadType20(TableCursor& cursor);
-  void ReadType21(TableCursor& cursor);
-  void ReadType22(TableCursor& cursor);
-  void ReadType23(TableCursor& cursor);
-  void ReadType24(TableCursor& cursor);
-  void ReadType25(TableCursor& cursor);
-  void ReadType26(TableCursor& cursor);
-  void ReadType27(TableCursor& cursor);
-  void ReadType28(TableCursor& cursor);
-  void ReadType29(TableCursor& cursor);
-  void ReadType30(TableCursor& cursor);
-  void ReadType32(TableCursor& cursor);
-  void ReadType33(TableCursor& cursor);
-  void ReadType34(TableCursor& cursor);
-  void ReadType35(TableCursor& cursor);
-  void ReadType36(TableCursor& cursor);
-  void ReadType37(TableCursor& cursor);
-  void ReadType38(TableCursor& cursor);
-  void ReadType39(TableCursor& cursor);
-  void ReadType126(TableCursor& cursor);
-  void ReadType127(TableCursor& cursor);
+#define KESTREL_STRUCTURE_TYPE(number) void ReadType##number(TableCursor& cursor);
+#include "model/structure_types.def"
+#undef KESTREL_STRUCTURE_TYPE
 
   // The first BIOS Information object, or nullptr.
   const SMType0Obj* GetType0Obj() const;
