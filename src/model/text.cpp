@@ -23,8 +23,11 @@ char* CopyPiece(char* target, std::string_view piece) {
   const std::size_t size = piece.size();
   // Nearly all pieces are short: for them the call of a general copy costs more than the copy. The
   // two halves of each copy may overlap.
-  if (size > 16) {
+  if (size > 32) {
     std::memcpy(target, source, size);
+  } else if (size >= 16) {
+    std::memcpy(target, source, 16);
+    std::memcpy(target + size - 16, source + size - 16, 16);
   } else if (size >= 8) {
     std::memcpy(target, source, 8);
     std::memcpy(target + size - 8, source + size - 8, 8);
@@ -63,7 +66,13 @@ void Append(std::string& text, Pieces pieces) {
   }
 }
 
-ItemText::ItemText(Pieces pieces) { Append(pieces); }
+ItemText::ItemText(Pieces pieces) : Size(SizeOf(pieces)) {
+  if (Size <= Usual.size()) {
+    CopyPieces(Usual.data(), pieces);
+  } else {
+    kestrel::Append(Longer, pieces);
+  }
+}
 
 void ItemText::Append(Pieces pieces) {
   const std::size_t start = Size;

@@ -64,7 +64,7 @@ class ItemText {
   }
 
  private:
-  std::size_t Size = 0;
+  std::size_t Size;
   // Holds the text if it fits. Written up to the text's size and no further.
   std::array<char, 128> Usual;
   std::string Longer;
