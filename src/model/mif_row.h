@@ -21,7 +21,7 @@ class MifField {
 
   // How many characters WriteTo writes at most.
   std::size_t GetMostCharacters() const;
-  // Gives the position behind what it wrote.
+  // Returns the position after the last character written.
   char* WriteTo(char* position) const;
 
  private:
@@ -35,7 +35,7 @@ inline constexpr std::string_view kEmptyMifString;
 // A complete row line: tab, opening brace, the fields joined by commas, closing brace, "\r\n".
 std::string MifRow(std::initializer_list<MifField> fields);
 
-// Gives the running row number of a table and advances it.
+// Returns the running row number of a table and advances it.
 inline std::uint32_t TakeRowIndex(int& rowIndex) { return static_cast<std::uint32_t>(rowIndex++); }
 
 }  // namespace kestrel

@@ -56,7 +56,7 @@ class SMObj {
   std::vector<std::string> Strings;
 
  protected:
-  // Ends the lines of a text.
+  // Ends the lines within a text of several lines.
   const char* LineEnd = "\r\n";
 };
 

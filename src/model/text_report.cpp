@@ -12,8 +12,8 @@ namespace {
 // Memory topology is for the MIF document alone; nothing shows the boot status.
 constexpr std::array<std::uint8_t, 5> kTypesLeftOut = {16, 17, 19, 20, 32};
 
-// Most reports fit into what this gives, so that a report is one allocation; one that does not
-// grows. The bound keeps a table of nothing but headers from asking for more than any report takes.
+// Most reports fit into this estimate and need one allocation; others grow. The bound keeps a table
+// of nothing but headers from reserving more than any report needs.
 constexpr std::size_t kBytesPerObject = 384;
 constexpr std::size_t kLargestReserve = 1024UL * 1024UL;
 

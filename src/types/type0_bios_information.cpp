@@ -172,7 +172,7 @@ std::string SMType0Obj::ToString() const {
   block.Item(GetBiosStartingAddressSegmentText());
   block.Item(GetReleaseDateText());
   block.Item(GetBiosRomSizeText());
-  // Brings a line end of its own: the item's makes the closing empty line.
+  // Ends with a line end of its own, so the item's makes the closing empty line.
   block.Item(GetBiosCharacteristicsText());
   return block.CloseWithoutEmptyLine();
 }

@@ -36,7 +36,7 @@ class SMType0Obj final : public SMObj {
 
   ItemText GetBiosStartingAddressSegmentText() const;
   ItemText GetBiosRomSizeText() const;
-  // Several lines: the bits as numbers, then a line per feature. The last one has its line end.
+  // Several lines: the bits as numbers, then a line per feature, the last with its line end.
   std::string GetBiosCharacteristicsText() const;
 
   std::string ToString() const override;

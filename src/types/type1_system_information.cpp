@@ -54,7 +54,7 @@ ItemText SMType1Obj::GetSerialNumberText() const {
 }
 
 ItemText SMType1Obj::GetUuidText() const {
-  // No blank after the colon: each byte brings its own, and no leading zero.
+  // No blank after the colon: each byte has its own in front of it. No leading zeros.
   ItemText text{"UUID :"};
   for (const std::uint8_t byte : Uuid) {
     text.Append({" ", Hex(byte, 1)});

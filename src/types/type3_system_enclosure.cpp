@@ -96,7 +96,7 @@ class SMType3Obj final : public SMObj {
   std::string ToString() const override;
 
  private:
-  // Shown nowhere.
+  // Not shown.
   std::uint32_t OemDefined = 0;
   std::uint8_t SecurityStatus = 0;
   std::uint8_t ThermalState = 0;

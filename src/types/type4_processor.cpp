@@ -246,7 +246,7 @@ class SMType4Obj final : public SMObj {
  private:
   unsigned GetCpuStatus() const { return Status & 7U; }
 
-  // These three are shown nowhere.
+  // These three are not shown.
   std::uint8_t PartNumber = 0xFF;
   std::uint8_t AssetTag = 0xFF;
   std::uint8_t SerialNumber = 0xFF;

@@ -1,8 +1,14 @@
+#include <array>
 #include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <memory>
+#include <span>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
@@ -38,7 +44,7 @@ constexpr CodeText kInterleaves[] = {
     {7, "Sixteen Way Interleave"},
 };
 
-// Each brings its own blank: the label ends in none.
+// Each starts with its own blank, since the label ends without one.
 constexpr std::string_view kSpeeds[] = {" Other", " Unknown", " 70ns", " 60ns", " 50ns"};
 
 constexpr std::string_view kVoltages[] = {"5V", "3.3V", "2.9V"};
@@ -60,7 +66,7 @@ class SMType5Obj final : public SMObj {
   void SetMemoryModuleVoltage(std::uint8_t value) { MemoryModuleVoltage = value; }
   void SetNumberOfAssociatedSlots(std::uint8_t value) { NumberOfAssociatedSlots = value; }
   std::uint8_t GetNumberOfAssociatedSlots() const { return NumberOfAssociatedSlots; }
-  // Copies `count` handles, of which `first` is the first.
+  // Copies the `count` handles that start at `first`.
   void SetMemoryModuleHandles(const std::uint16_t* first, std::uint8_t count) {
     MemoryModuleHandles.assign(first, first + count);
   }
@@ -102,7 +108,7 @@ class SMType5Obj final : public SMObj {
   std::string ToString() const override;
 
  private:
-  // Nothing shows it.
+  // Not shown.
   std::uint8_t EnabledErrorCorrectingCapabilities = 0;
   std::vector<std::uint16_t> MemoryModuleHandles;
   std::uint8_t NumberOfAssociatedSlots = 0;

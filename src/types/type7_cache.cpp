@@ -26,7 +26,7 @@ constexpr OperationalMode kOperationalModes[] = {
 
 constexpr std::string_view kLocations[] = {"Internal", "External", "Reserved", "Unknown"};
 
-// Each brings its own blank: the label ends in none.
+// Each starts with its own blank, since the label ends without one.
 constexpr std::string_view kSramTypes[] = {
     " Other",          " Unknown",     " Non-Burst",    " Burst",
     " Pipeline Burst", " Synchronous", " Asynchronous",

@@ -108,7 +108,7 @@ class SMType9Obj final : public SMObj {
   std::string GetMifTableRow(int& rowIndex) const override;
 
  private:
-  // Held, shown nowhere.
+  // Not shown.
   std::uint8_t SlotCharacteristics2 = 0;
   std::uint8_t SlotCharacteristics1 = 0;
   std::uint16_t SlotId = 0;
