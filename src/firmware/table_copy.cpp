@@ -1,21 +1,11 @@
 #include <cstddef>
-#include <memory>
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include "firmware/firmware_access.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
-
-SMBiosReader::SMBiosReader(std::unique_ptr<FirmwareAccess> access) : Access(std::move(access)) {}
-
-SMBiosReader::~SMBiosReader() = default;
-
-int SMBiosReader::OpenAccess() { return Access ? Access->Open() : 0; }
-
-int SMBiosReader::CloseAccess() noexcept { return Access ? Access->Close() : 0; }
 
 std::optional<TableCopy> SMBiosReader::CopyTable() {
   if (!EntryPoint && FindEntryPoint() == 0) {

@@ -42,7 +42,7 @@ std::size_t SMBiosReader::SkipString(TableCursor& cursor) {
 }
 
 void SMBiosReader::AppendObject(std::unique_ptr<const SMObj> object) {
-  Objects.push_back(std::move(object));
+  Walked->push_back(std::move(object));
 }
 
 }  // namespace kestrel

@@ -47,9 +47,9 @@ class SMBiosReader {
 
   // firmware/: the access and the way to the table.
 
-  // Opens and closes the access: 1, or 0 when it fails or there is none.
-  int OpenAccess();
-  int CloseAccess() noexcept;
+  // Open and close the access: false when that fails or there is none.
+  bool OpenAccess();
+  bool CloseAccess() noexcept;
   // Finds the entry point in the BIOS area and keeps its record: 1, or 0 when there is none.
   int FindEntryPoint();
   // The record, or nullptr as long as none was found.
@@ -111,19 +111,19 @@ class SMBiosReader {
   static std::size_t SkipString(TableCursor& cursor);
   void AppendObject(std::unique_ptr<const SMObj> object);
 
-  // The walk itself; where it fails, it leaves what it appended.
-  void AppendObjects(std::span<const std::uint8_t> table);
-
   void MakeGroup(const MifGroupText& group, std::string& document, int& idCounter) const;
   // Empty, with the counter untouched, when no object gives a row.
   std::string MakeMifTable(const MifTable& table, int& idCounter) const;
   std::string CollectMifRows(std::uint8_t tableCode) const;
 
   std::unique_ptr<FirmwareAccess> Access;
-  std::optional<SMEntryPoint> EntryPoint;
   SMObjList Objects;
-  // Where in the table copy the structure begins that is being read.
+  // Declared after the objects, so that it is destroyed before them.
+  std::optional<SMEntryPoint> EntryPoint;
+  // During a walk: where in the table copy the current structure begins, and the list of what was
+  // read so far, which joins Objects only when the walk is done.
   std::size_t StructureStart = 0;
+  SMObjList* Walked = nullptr;
 };
 
 }  // namespace kestrel

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <iterator>
 
 #include "model/smbios_reader.h"
 #include "model/table_cursor.h"
@@ -46,16 +47,8 @@ void MoveToNextStructure(TableCursor& cursor, std::size_t structureStart) {
 }
 
 void SMBiosReader::WalkTable(std::span<const std::uint8_t> table) {
-  const auto earlier = static_cast<std::ptrdiff_t>(Objects.size());
-  try {
-    AppendObjects(table);
-  } catch (...) {
-    Objects.erase(Objects.begin() + earlier, Objects.end());
-    throw;
-  }
-}
-
-void SMBiosReader::AppendObjects(std::span<const std::uint8_t> table) {
+  SMObjList walked;
+  Walked = &walked;
   TableCursor cursor(table);
   while (!cursor.IsAtEnd()) {
     StructureStart = cursor.GetPosition();
@@ -65,6 +58,9 @@ void SMBiosReader::AppendObjects(std::span<const std::uint8_t> table) {
     }
     MoveToNextStructure(cursor, StructureStart);
   }
+  Objects.insert(Objects.end(), std::make_move_iterator(walked.begin()),
+                 std::make_move_iterator(walked.end()));
+  Walked = nullptr;
 }
 
 }  // namespace kestrel
