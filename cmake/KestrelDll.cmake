@@ -12,17 +12,22 @@ set_target_properties(kestrel_library PROPERTIES PREFIX "" OUTPUT_NAME Kestrel)
 target_link_options(kestrel_library PRIVATE -s -Wl,--no-insert-timestamp)
 
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)
-  # For Windows 95 and the machines it runs on: without the toolchain's runtime (see
-  # runtime/throw.h), and without startup code. Nothing has to be constructed when the library is
-  # loaded, so the system enters at DllMain. Flags that Windows 95 does not know are left out.
-  target_sources(kestrel_library PRIVATE runtime/support.cpp runtime/throw.cpp)
+  # For Windows 95 and the machines it runs on: compiled without exceptions, linked without the
+  # toolchain's runtime (see runtime/without_exceptions.h) and without startup code. Nothing has to
+  # be constructed when the library is loaded, so the system enters at DllMain. Flags that Windows 95
+  # does not know are left out.
+  target_sources(kestrel_library PRIVATE ${core_sources} runtime/without_exceptions.cpp)
+  target_include_directories(kestrel_library PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
+  target_compile_options(kestrel_library PRIVATE
+    $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti -fno-asynchronous-unwind-tables>)
   target_link_options(kestrel_library PRIVATE
     -nostdlib
     -Wl,--entry,_DllMain@12
     -Wl,--major-os-version,4,--minor-os-version,0
     -Wl,--major-subsystem-version,4,--minor-subsystem-version,0
     -Wl,--disable-dynamicbase,--disable-nxcompat,--disable-long-section-names)
-  target_link_libraries(kestrel_library PRIVATE gcc msvcrt kernel32)
+  set_target_properties(kestrel_library PROPERTIES LINK_LIBRARIES
+    "kestrel_compiler;gcc;msvcrt;kernel32")
 else()
   target_link_options(kestrel_library PRIVATE -static)
 endif()

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "api/guard.h"
 #include "firmware/firmware_access.h"
 #include "kestrel.h"
 #include "model/smbios_reader.h"
@@ -12,6 +13,7 @@
 
 namespace {
 
+using kestrel::Guard;
 using kestrel::ItemText;
 using kestrel::SMBiosReader;
 using kestrel::SMType0Obj;
@@ -19,16 +21,6 @@ using kestrel::SMType0Obj;
 // The library's one reader. A plain pointer, so that unloading the library destroys nothing: a host
 // that forgets CloseSMBios must not meet the access driver during the unload.
 SMBiosReader* libraryReader = nullptr;
-
-// Runs one export. Whatever is thrown, which is the lack of memory, becomes the result for failure.
-template <typename Body>
-auto Guard(Body body) noexcept -> decltype(body()) {
-  try {
-    return body();
-  } catch (...) {
-    return {};
-  }
-}
 
 std::int32_t CopyText(std::string_view text, std::int32_t bufferSize, char* buffer) {
   if (bufferSize < 1 || buffer == nullptr) {
@@ -41,7 +33,7 @@ std::int32_t CopyText(std::string_view text, std::int32_t bufferSize, char* buff
   return static_cast<std::int32_t>(count);
 }
 
-// The value behind the label of an item text, with the blank that ends the label.
+// Copies what follows the label of an item text, with the blank that ends the label.
 std::int32_t CopyBiosValue(ItemText (SMType0Obj::*itemText)() const, std::string_view label,
                            std::int32_t bufferSize, char* buffer) {
   const SMType0Obj* bios = libraryReader != nullptr ? libraryReader->GetType0Obj() : nullptr;
@@ -60,20 +52,21 @@ std::int32_t CopyRendering(std::string (SMBiosReader::*render)() const, std::int
   return CopyText((libraryReader->*render)(), bufferSize, buffer);
 }
 
-std::int32_t DestroyReader() {
+// Returns false when there is no reader.
+bool CloseAndDestroyReader() {
   if (libraryReader == nullptr) {
-    return 0;
+    return false;
   }
   libraryReader->CloseAccess();
   delete libraryReader;
   libraryReader = nullptr;
-  return 1;
+  return true;
 }
 
 }  // namespace
 
 std::int32_t KESTREL_CALL CloseSMBios() {
-  return Guard([] { return DestroyReader(); });
+  return Guard([] { return CloseAndDestroyReader() ? 1 : 0; });
 }
 
 std::int32_t KESTREL_CALL GetSMBiosDate(std::int32_t bufferSize, char* buffer) {
@@ -100,15 +93,20 @@ const void* KESTREL_CALL GetSMType0Obj() {
 }
 
 std::int32_t KESTREL_CALL OpenSMBios() {
-  return Guard([]() -> std::int32_t {
-    DestroyReader();
-    libraryReader = std::make_unique<SMBiosReader>(kestrel::MakeMachineAccess()).release();
-    if (libraryReader->OpenAccess() != 0) {
-      return 1;
-    }
-    libraryReader->CloseAccess();
-    return 0;
+  const bool isReplaced = Guard([] {
+    auto reader = std::make_unique<SMBiosReader>(kestrel::MakeMachineAccess());
+    CloseAndDestroyReader();
+    libraryReader = reader.release();
+    return true;
   });
+  if (!isReplaced) {
+    return 0;
+  }
+  const bool isOpen = Guard([] { return libraryReader->OpenAccess(); });
+  if (!isOpen) {
+    libraryReader->CloseAccess();
+  }
+  return isOpen ? 1 : 0;
 }
 
 std::int32_t KESTREL_CALL ReadSMObjects() {
