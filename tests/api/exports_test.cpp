@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <memory>
+#include <pthread.h>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,8 @@ class MachineAccess final : public TableFirmware {
     return 1;
   }
   std::uint32_t ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) override {
+    // A real machine is read through files, where a thread may be cancelled.
+    pthread_testcancel();
     return IsOpen ? TableFirmware::ReadPhysical(address, buffer) : 0;
   }
 
@@ -167,6 +170,22 @@ TEST_F(ExportsTest, CloseTheEarlierReaderFirst) {
   EXPECT_EQ(TextOf(SMObjsToString), "");
 }
 
+TEST_F(ExportsTest, PutOffTheCancellationOfTheirThread) {
+  bool hasRead = false;
+  pthread_t thread{};
+  const auto run = [](void* result) -> void* {
+    pthread_cancel(pthread_self());
+    *static_cast<bool*>(result) = OpenSMBios() == 1 && ReadSMObjects() == 1;
+    pthread_testcancel();
+    return nullptr;
+  };
+  ASSERT_EQ(pthread_create(&thread, nullptr, run, &hasRead), 0);
+  void* outcome = nullptr;
+  ASSERT_EQ(pthread_join(thread, &outcome), 0);
+  EXPECT_TRUE(hasRead);
+  EXPECT_EQ(outcome, PTHREAD_CANCELED);
+}
+
 // Runs one export again and again, each time with one allocation more, until it succeeds.
 template <typename Export>
 void FailEachAllocation(Export run) {
@@ -187,6 +206,13 @@ TEST_F(ExportsTest, GiveZeroWithoutMemory) {
   machine.Table = Join({kBios, kEnd, kBios, kEnd});
   FailEachAllocation(OpenSMBios);
   FailEachAllocation(ReadSMObjects);
+  // The earlier reader stays where there is no memory for a new one.
+  allocationsLeft = 0;
+  const std::int32_t reopened = OpenSMBios();
+  allocationsLeft = -1;
+  EXPECT_EQ(reopened, 0);
+  EXPECT_NE(GetSMType0Obj(), nullptr);
+  EXPECT_EQ(machine.Closed, 0);
   machine.Table.clear();
   std::vector<char> buffer(100000);
   for (const TextExport get : kTextExports) {
