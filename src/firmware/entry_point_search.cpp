@@ -24,18 +24,23 @@ int SMBiosReader::FindEntryPoint() {
   if (!Access) {
     return 0;
   }
-  std::array<std::uint8_t, 256> chunk{};
-  constexpr auto kChunkSize = static_cast<std::uint32_t>(chunk.size());
+  constexpr std::uint32_t kChunkSize = 256;
   for (std::uint32_t address = kBiosAreaStart; address < kBiosAreaEnd; address += kChunkSize) {
+    std::array<std::uint8_t, kChunkSize> chunk{};
     std::size_t offset = 0;
     if (Access->ReadPhysical(address, chunk) == 0 || FindDword(chunk, kAnchor, offset) == 0) {
       continue;
     }
-    // The structure may begin near the end of its chunk, so it is read again from its start.
-    if (Access->ReadPhysical(address + static_cast<std::uint32_t>(offset), chunk) == 0) {
-      continue;
+    // The entry point may reach into the next chunk, so it is read again from its start. If that
+    // fails, the first read serves, provided that it got all of the entry point.
+    std::array<std::uint8_t, kChunkSize> secondRead{};
+    auto entryPoint = std::span<const std::uint8_t>(chunk).subspan(offset);
+    if (Access->ReadPhysical(address + static_cast<std::uint32_t>(offset), secondRead) != 0) {
+      entryPoint = secondRead;
+    } else if (entryPoint.size() < SMEntryPoint::kSize) {
+      return 0;
     }
-    TableCursor cursor(chunk);
+    TableCursor cursor(entryPoint);
     EntryPoint.emplace().Parse(cursor);
     return 1;
   }

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <map>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "firmware/entry_point_search.h"
@@ -12,19 +13,21 @@
 namespace kestrel {
 namespace {
 
-// A memory that keeps what is asked of it.
+// A memory that may refuse reads from one address.
 class ScriptedFirmware final : public FirmwareAccess {
  public:
-  explicit ScriptedFirmware(SparseMemory& memory) : Memory(memory) {}
+  explicit ScriptedFirmware(SparseMemory& memory, std::optional<std::uint32_t> unreadable = {})
+      : Memory(memory), Unreadable(unreadable) {}
 
   int Open() override { return 1; }
   int Close() noexcept override { return 1; }
   std::uint32_t ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) override {
-    return Memory.Read(address, buffer);
+    return address == Unreadable ? 0 : Memory.Read(address, buffer);
   }
 
  private:
   SparseMemory& Memory;
+  std::optional<std::uint32_t> Unreadable;
 };
 
 // An entry point with wrong checksums: nobody may look at them.
@@ -52,12 +55,13 @@ struct Outcome {
   bool operator==(const Outcome&) const = default;
 };
 
-Outcome Read(const std::map<std::uint32_t, Bytes>& regions) {
+Outcome Read(const std::map<std::uint32_t, Bytes>& regions,
+             std::optional<std::uint32_t> unreadable = {}) {
   SparseMemory memory;
   for (const auto& [address, bytes] : regions) {
     memory.Map(address, bytes);
   }
-  SMBiosReader reader(std::make_unique<ScriptedFirmware>(memory));
+  SMBiosReader reader(std::make_unique<ScriptedFirmware>(memory, unreadable));
   const int result = reader.ReadTable();
   return {result, reader.GetSpecVersion(), reader.BuildTextReport()};
 }
@@ -72,6 +76,7 @@ TEST(EntryPointSearchTest, LooksThroughTheBiosArea) {
     const char* Name;
     std::map<std::uint32_t, Bytes> Regions;
     Outcome Expected;
+    std::optional<std::uint32_t> Unreadable = {};
   } cases[] = {
       {"nothing", {}, kNothing},
       {"at the start", {{0xF0000, entry}, {kTableAddress, kEnd}}, kOneBlock},
@@ -85,11 +90,19 @@ TEST(EntryPointSearchTest, LooksThroughTheBiosArea) {
       {"below the area", {{0xEFFF0, entry}, {kTableAddress, kEnd}}, kNothing},
       {"above the area", {{0x100000, entry}, {kTableAddress, kEnd}}, kNothing},
       {"the lower of two", {{0xF8000, entry}, {0xF9000, other}, {kTableAddress, kEnd}}, kOneBlock},
+      {"read once, the last that its chunk holds whole",
+       {{0xF1200, Join({Bytes(0xE0), entry})}, {0xF9000, other}, {kTableAddress, kEnd}},
+       kOneBlock,
+       0xF12E0},
+      {"read once, the first that its chunk cuts",
+       {{0xF1200, Join({Bytes(0xE4), entry})}, {0xF9000, other}, {kTableAddress, kEnd}},
+       kNothing,
+       0xF12E4},
       {"version 2.1", {{0xF0000, EntryPoint(2, 1, 6, 0)}, {0, kEnd}}, {1, 21, kOneBlock.Report}},
       {"version 3.0", {{0xF0000, EntryPoint(3, 0, 6, 0)}, {0, kEnd}}, {1, 30, kOneBlock.Report}},
   };
   for (const auto& test : cases) {
-    EXPECT_EQ(Read(test.Regions), test.Expected) << test.Name;
+    EXPECT_EQ(Read(test.Regions, test.Unreadable), test.Expected) << test.Name;
   }
 }
 
