@@ -11,7 +11,7 @@ namespace {
 // Somewhat more than the ten templates take, so that rows alone make the document grow.
 constexpr std::size_t kUsualDocumentSize = 64UL * 1024UL;
 
-using GroupWriter = void (SMBiosReader::*)(std::string&, int&) const;
+using GroupWriter = std::string (SMBiosReader::*)(int&) const;
 
 constexpr GroupWriter kGroupWriters[] = {
     &SMBiosReader::MakeComponentIDGroup,
@@ -39,7 +39,7 @@ std::string SMBiosReader::ObjsToMifString() const {
                     "\r\n"});
   int idCounter = 1;
   for (const GroupWriter writer : kGroupWriters) {
-    (this->*writer)(document, idCounter);
+    document.append((this->*writer)(idCounter));
   }
   document.append("End Component\r\n");
   return document;

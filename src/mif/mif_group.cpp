@@ -1,5 +1,8 @@
 #include "mif/mif_group.h"
 
+#include <string>
+#include <string_view>
+
 #include "mif/mif_group_text.h"
 #include "model/smbios_reader.h"
 #include "model/text.h"
@@ -8,33 +11,37 @@ namespace kestrel {
 
 namespace {
 
-// Takes the text as far as the next gap, and the gap with it.
-std::string_view TakeStretch(std::string_view& text) {
+// Splits off the text up to the next gap and drops the gap.
+std::string_view TakeUpToGap(std::string_view& text) {
   const std::size_t gap = text.find(kMifGap);
-  const std::string_view stretch = text.substr(0, gap);
+  const std::string_view taken = text.substr(0, gap);
   text.remove_prefix(gap + kMifGap.size());
-  return stretch;
+  return taken;
 }
+
+constexpr std::size_t kUsualIdLineSize = std::string_view("\tID = 10\r\n").size();
 
 }  // namespace
 
-void SMBiosReader::MakeGroup(const MifGroupText& group, std::string& document,
-                             int& idCounter) const {
-  std::string_view text = group.Text;
-  document.append(TakeStretch(text));
+std::string SMBiosReader::MakeGroup(const MifGroupText& group, int& idCounter) const {
   std::string table;
-  if (group.Table != nullptr) {
-    table = MakeMifTable(*group.Table, idCounter);
+  if (group.TableCode) {
+    table = MakeMifTable(idCounter, *group.TableCode);
   }
+  std::string text;
+  text.reserve(group.Text.size() + kUsualIdLineSize + table.size());
+  std::string_view rest = group.Text;
+  text.append(TakeUpToGap(rest));
   if (table.empty()) {
     // A group with rows is the template of its table, which then carries the ID.
     const auto id = static_cast<std::uint32_t>(idCounter++);
-    Append(document, {"\tID = ", Decimal(id), "\r\n"});
+    Append(text, {"\tID = ", Decimal(id), "\r\n"});
   }
   for (const MifValueGetter getValue : group.Values) {
-    Append(document, {TakeStretch(text), (this->*getValue)()});
+    Append(text, {TakeUpToGap(rest), (this->*getValue)()});
   }
-  Append(document, {text, table});
+  Append(text, {rest, table});
+  return text;
 }
 
 }  // namespace kestrel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -65,12 +66,6 @@ struct MifAttribute {
 // every other code is the structure type whose objects give the rows.
 inline constexpr std::uint8_t kBiosCharacteristicsTable = 128;
 
-struct MifTable {
-  std::uint8_t Code;
-  std::string_view Name;
-  std::string_view Class;
-};
-
 struct MifGroup {
   // The line between the two lines of slashes.
   std::string_view Banner;
@@ -83,8 +78,8 @@ struct MifGroup {
   std::span<const MifAttribute> Attributes;
   // The values of the attributes that have kSystemText, in the order of the attributes.
   std::span<const MifValueGetter> Values = {};
-  // Null for a group that never has a table.
-  const MifTable* Table = nullptr;
+  // Empty for a group that never has a table.
+  std::optional<std::uint8_t> TableCode = {};
 };
 
 }  // namespace kestrel

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -19,7 +20,7 @@ struct MifGroupText {
   // group with rows goes without, the others for the values.
   std::string_view Text;
   std::span<const MifValueGetter> Values;
-  const MifTable* Table;
+  std::optional<std::uint8_t> TableCode;
 };
 
 // Composes the text of a group, or counts its characters when there is no target to write to.
@@ -110,7 +111,7 @@ template <const MifGroup& Group>
 inline constexpr MifGroupText kMifGroupText = {
     .Text = {kMifGroupCharacters<Group>.data(), kMifGroupCharacters<Group>.size()},
     .Values = Group.Values,
-    .Table = Group.Table,
+    .TableCode = Group.TableCode,
 };
 
 }  // namespace kestrel

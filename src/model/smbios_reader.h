@@ -17,7 +17,6 @@ class FirmwareAccess;
 class SMType0Obj;
 class TableCursor;
 struct MifGroupText;
-struct MifTable;
 
 // The structure table as the firmware handed it over.
 struct TableCopy {
@@ -81,19 +80,19 @@ class SMBiosReader {
   // The first BIOS Information object, or nullptr.
   const SMType0Obj* GetType0Obj() const;
 
-  // mif/: the MIF document, and what it is made of. A group writer appends its group and the
-  // group's table to the document and takes one number from the ID counter.
+  // mif/: the MIF document and its parts. A group writer takes one number from the ID counter and
+  // returns the text of its group, followed by that of the group's table.
   std::string ObjsToMifString() const;
-  void MakeComponentIDGroup(std::string& document, int& idCounter) const;
-  void MakeSystemBiosGroup(std::string& document, int& idCounter) const;
-  void MakeBiosCharacteristicGroup(std::string& document, int& idCounter) const;
-  void MakeProcessorGroup(std::string& document, int& idCounter) const;
-  void MakeSystemCacheGroup(std::string& document, int& idCounter) const;
-  void MakeSystemSlotGroup(std::string& document, int& idCounter) const;
-  void MakePhysicalMemoryArrayGroup(std::string& document, int& idCounter) const;
-  void MakeMemoryArrayMappedAddressesGroup(std::string& document, int& idCounter) const;
-  void MakeMemoryDeviceGroup(std::string& document, int& idCounter) const;
-  void MakeMemoryDeviceMappedAddressesGroup(std::string& document, int& idCounter) const;
+  std::string MakeComponentIDGroup(int& idCounter) const;
+  std::string MakeSystemBiosGroup(int& idCounter) const;
+  std::string MakeBiosCharacteristicGroup(int& idCounter) const;
+  std::string MakeProcessorGroup(int& idCounter) const;
+  std::string MakeSystemCacheGroup(int& idCounter) const;
+  std::string MakeSystemSlotGroup(int& idCounter) const;
+  std::string MakePhysicalMemoryArrayGroup(int& idCounter) const;
+  std::string MakeMemoryArrayMappedAddressesGroup(int& idCounter) const;
+  std::string MakeMemoryDeviceGroup(int& idCounter) const;
+  std::string MakeMemoryDeviceMappedAddressesGroup(int& idCounter) const;
   std::string GetComponentManufacturer() const;
   std::string GetComponentProduct() const;
   std::string GetComponentVersion() const;
@@ -111,9 +110,9 @@ class SMBiosReader {
   static std::size_t SkipString(TableCursor& cursor);
   void AppendObject(std::unique_ptr<const SMObj> object);
 
-  void MakeGroup(const MifGroupText& group, std::string& document, int& idCounter) const;
-  // Empty, with the counter untouched, when no object gives a row.
-  std::string MakeMifTable(const MifTable& table, int& idCounter) const;
+  std::string MakeGroup(const MifGroupText& group, int& idCounter) const;
+  // Empty, and the counter untouched, if the table has no rows.
+  std::string MakeMifTable(int& idCounter, std::uint8_t tableCode) const;
   std::string CollectMifRows(std::uint8_t tableCode) const;
 
   std::unique_ptr<FirmwareAccess> Access;

@@ -59,12 +59,6 @@ constexpr MifAttribute kAttributes[] = {
      .Description = "An expanded description of this BIOS Characteristic."},
 };
 
-constexpr MifTable kTable = {
-    .Code = kBiosCharacteristicsTable,
-    .Name = "System BIOS Characteristics Table",
-    .Class = "DMTF|BIOS Characteristic|003",
-};
-
 constexpr MifGroup kGroup = {
     .Banner = "// Group:       DMTF|BIOS Characteristic|003      //",
     .Name = "System BIOS Characteristics",
@@ -73,13 +67,13 @@ constexpr MifGroup kGroup = {
     .Key = "1, 2",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.4 ;",
     .Attributes = kAttributes,
-    .Table = &kTable,
+    .TableCode = kBiosCharacteristicsTable,
 };
 
 }  // namespace
 
-void SMBiosReader::MakeBiosCharacteristicGroup(std::string& document, int& idCounter) const {
-  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
+std::string SMBiosReader::MakeBiosCharacteristicGroup(int& idCounter) const {
+  return MakeGroup(kMifGroupText<kGroup>, idCounter);
 }
 
 }  // namespace kestrel

@@ -94,8 +94,8 @@ std::string ComponentValue(const SMBiosReader& reader, ItemText (SMType1Obj::*it
 
 }  // namespace
 
-void SMBiosReader::MakeComponentIDGroup(std::string& document, int& idCounter) const {
-  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
+std::string SMBiosReader::MakeComponentIDGroup(int& idCounter) const {
+  return MakeGroup(kMifGroupText<kGroup>, idCounter);
 }
 
 std::string SMBiosReader::GetComponentManufacturer() const {

@@ -58,12 +58,6 @@ constexpr MifAttribute kAttributes[] = {
                     "each range to determine the overall status of the partition."},
 };
 
-constexpr MifTable kTable = {
-    .Code = 19,
-    .Name = "Memory Array Mapped Addresses Table",
-    .Class = "DMTF|Memory Array Mapped Addresses|001",
-};
-
 constexpr MifGroup kGroup = {
     .Banner = "// Group: DMTF|Memory Array Mapped Addresses|001  //",
     .Name = "Memory Array Mapped Addresses",
@@ -74,14 +68,13 @@ constexpr MifGroup kGroup = {
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.34 ;",
     .Attributes = kAttributes,
-    .Table = &kTable,
+    .TableCode = 19,
 };
 
 }  // namespace
 
-void SMBiosReader::MakeMemoryArrayMappedAddressesGroup(std::string& document,
-                                                       int& idCounter) const {
-  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
+std::string SMBiosReader::MakeMemoryArrayMappedAddressesGroup(int& idCounter) const {
+  return MakeGroup(kMifGroupText<kGroup>, idCounter);
 }
 
 }  // namespace kestrel

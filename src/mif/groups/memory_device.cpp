@@ -179,12 +179,6 @@ constexpr MifAttribute kAttributes[] = {
                     " that the speed is unknown.)"},
 };
 
-constexpr MifTable kTable = {
-    .Code = 17,
-    .Name = "Memory Device Table",
-    .Class = "DMTF|Memory Device|003",
-};
-
 constexpr MifGroup kGroup = {
     .Banner = "// Group:         DMTF|Memory Device|003          //",
     .Name = "Memory Device",
@@ -197,13 +191,13 @@ constexpr MifGroup kGroup = {
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.35 ;",
     .Attributes = kAttributes,
-    .Table = &kTable,
+    .TableCode = 17,
 };
 
 }  // namespace
 
-void SMBiosReader::MakeMemoryDeviceGroup(std::string& document, int& idCounter) const {
-  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
+std::string SMBiosReader::MakeMemoryDeviceGroup(int& idCounter) const {
+  return MakeGroup(kMifGroupText<kGroup>, idCounter);
 }
 
 }  // namespace kestrel

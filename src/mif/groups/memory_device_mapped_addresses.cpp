@@ -76,12 +76,6 @@ constexpr MifAttribute kAttributes[] = {
                     "'unknown'."},
 };
 
-constexpr MifTable kTable = {
-    .Code = 20,
-    .Name = "Memory Device Mapped Addresses Table",
-    .Class = "DMTF|Memory Device Mapped Addresses|001",
-};
-
 constexpr MifGroup kGroup = {
     .Banner = "// Group: DMTF|Memory Device Mapped Addresses|001 //",
     .Name = "Memory Device Mapped Addresses",
@@ -92,14 +86,13 @@ constexpr MifGroup kGroup = {
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.36 ;",
     .Attributes = kAttributes,
-    .Table = &kTable,
+    .TableCode = 20,
 };
 
 }  // namespace
 
-void SMBiosReader::MakeMemoryDeviceMappedAddressesGroup(std::string& document,
-                                                        int& idCounter) const {
-  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
+std::string SMBiosReader::MakeMemoryDeviceMappedAddressesGroup(int& idCounter) const {
+  return MakeGroup(kMifGroupText<kGroup>, idCounter);
 }
 
 }  // namespace kestrel

@@ -136,12 +136,6 @@ constexpr MifAttribute kAttributes[] = {
                     "error count and error status for this array."},
 };
 
-constexpr MifTable kTable = {
-    .Code = 16,
-    .Name = "Physical Memory Array Table",
-    .Class = "DMTF|Physical Memory Array|001",
-};
-
 constexpr MifGroup kGroup = {
     .Banner = "// Group:     DMTF|Physical Memory Array|001      //",
     .Name = "Physical Memory Array",
@@ -153,13 +147,13 @@ constexpr MifGroup kGroup = {
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.33 ;",
     .Attributes = kAttributes,
-    .Table = &kTable,
+    .TableCode = 16,
 };
 
 }  // namespace
 
-void SMBiosReader::MakePhysicalMemoryArrayGroup(std::string& document, int& idCounter) const {
-  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
+std::string SMBiosReader::MakePhysicalMemoryArrayGroup(int& idCounter) const {
+  return MakeGroup(kMifGroupText<kGroup>, idCounter);
 }
 
 }  // namespace kestrel

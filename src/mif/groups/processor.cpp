@@ -189,12 +189,6 @@ constexpr MifAttribute kAttributes[] = {
      .EnumWord = kEnumMixedCase},
 };
 
-constexpr MifTable kTable = {
-    .Code = 4,
-    .Name = "Processor Table",
-    .Class = "DMTF|Processor|010",
-};
-
 constexpr MifGroup kGroup = {
     .Banner = "// Group:           DMTF|Processor|010            //",
     .Name = "Processor",
@@ -205,13 +199,13 @@ constexpr MifGroup kGroup = {
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.5 ;",
     .Attributes = kAttributes,
-    .Table = &kTable,
+    .TableCode = 4,
 };
 
 }  // namespace
 
-void SMBiosReader::MakeProcessorGroup(std::string& document, int& idCounter) const {
-  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
+std::string SMBiosReader::MakeProcessorGroup(int& idCounter) const {
+  return MakeGroup(kMifGroupText<kGroup>, idCounter);
 }
 
 }  // namespace kestrel

@@ -60,12 +60,6 @@ constexpr MifAttribute kAttributes[] = {
      .Items = kPrimaryBios},
 };
 
-constexpr MifTable kTable = {
-    .Code = 0,
-    .Name = "System BIOS Table",
-    .Class = "DMTF|System BIOS|001",
-};
-
 constexpr MifGroup kGroup = {
     .Banner = "// Group:           DMTF|System BIOS|001          //",
     .Name = "System BIOS",
@@ -74,13 +68,13 @@ constexpr MifGroup kGroup = {
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.3 ;",
     .Attributes = kAttributes,
-    .Table = &kTable,
+    .TableCode = 0,
 };
 
 }  // namespace
 
-void SMBiosReader::MakeSystemBiosGroup(std::string& document, int& idCounter) const {
-  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
+std::string SMBiosReader::MakeSystemBiosGroup(int& idCounter) const {
+  return MakeGroup(kMifGroupText<kGroup>, idCounter);
 }
 
 }  // namespace kestrel

@@ -71,12 +71,6 @@ constexpr MifAttribute kAttributes[] = {
      .Items = kSystemCacheType},
 };
 
-constexpr MifTable kTable = {
-    .Code = 7,
-    .Name = "System Cache",  // Without the word Table: intended.
-    .Class = "DMTF|System Cache|002",
-};
-
 constexpr MifGroup kGroup = {
     .Banner = "// Group:          DMTF|System Cache|002          //",
     .Name = "System Cache",
@@ -87,13 +81,13 @@ constexpr MifGroup kGroup = {
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.9 ;",
     .Attributes = kAttributes,
-    .Table = &kTable,
+    .TableCode = 7,
 };
 
 }  // namespace
 
-void SMBiosReader::MakeSystemCacheGroup(std::string& document, int& idCounter) const {
-  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
+std::string SMBiosReader::MakeSystemCacheGroup(int& idCounter) const {
+  return MakeGroup(kMifGroupText<kGroup>, idCounter);
 }
 
 }  // namespace kestrel

@@ -63,12 +63,6 @@ constexpr MifAttribute kAttributes[] = {
      .Description = "The card currently occupying this slot."},
 };
 
-constexpr MifTable kTable = {
-    .Code = 9,
-    .Name = "System Slots Table",
-    .Class = "DMTF|System Slot|002",
-};
-
 constexpr MifGroup kGroup = {
     .Banner = "// Group:           DMTF|System Slot|002          //",
     .Name = "System Slots",
@@ -79,13 +73,13 @@ constexpr MifGroup kGroup = {
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.18 ;",
     .Attributes = kAttributes,
-    .Table = &kTable,
+    .TableCode = 9,
 };
 
 }  // namespace
 
-void SMBiosReader::MakeSystemSlotGroup(std::string& document, int& idCounter) const {
-  MakeGroup(kMifGroupText<kGroup>, document, idCounter);
+std::string SMBiosReader::MakeSystemSlotGroup(int& idCounter) const {
+  return MakeGroup(kMifGroupText<kGroup>, idCounter);
 }
 
 }  // namespace kestrel
