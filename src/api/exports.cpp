@@ -18,8 +18,8 @@ using kestrel::ItemText;
 using kestrel::SMBiosReader;
 using kestrel::SMType0Obj;
 
-// The library's one reader. A plain pointer, so that unloading the library destroys nothing: a host
-// that forgets CloseSMBios must not meet the access driver during the unload.
+// A plain pointer, so that unloading the library destroys nothing, even if the host forgot
+// CloseSMBios.
 SMBiosReader* libraryReader = nullptr;
 
 std::int32_t CopyText(std::string_view text, std::int32_t bufferSize, char* buffer) {

@@ -9,8 +9,8 @@ std::optional<kestrel::CDynLinkLibrary> dynLinkLibrary;
 
 }  // namespace
 
-// The library is loaded only into a process in which it could register itself. The reader has no
-// part in this: a host makes and destroys it.
+// A process in which the library cannot register itself does not get it loaded. The reader has no
+// part in this: OpenSMBios and CloseSMBios create and destroy it.
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID /*reserved*/) {
   if (reason == DLL_PROCESS_ATTACH) {
     if (kestrel::AfxInitExtensionModule(extensionModule, module) == 0) {

@@ -6,7 +6,7 @@
 
 namespace kestrel {
 
-// The BIOS area, in which the firmware places the entry point.
+// The BIOS area, where firmware puts the entry point.
 inline constexpr std::uint32_t kBiosAreaStart = 0xF0000;
 inline constexpr std::uint32_t kBiosAreaEnd = 0x100000;
 

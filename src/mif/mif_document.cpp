@@ -8,7 +8,7 @@ namespace kestrel {
 
 namespace {
 
-// Somewhat more than the ten templates take, so that rows alone make the document grow.
+// Somewhat more than the ten templates take: most documents are one allocation.
 constexpr std::size_t kUsualDocumentSize = 64UL * 1024UL;
 
 using GroupWriter = std::string (SMBiosReader::*)(int&) const;

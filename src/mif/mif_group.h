@@ -10,45 +10,45 @@ namespace kestrel {
 
 class SMBiosReader;
 
-// The data of which the groups of the MIF document are made. Templates follow the DMTF master
-// files of the Desktop Management Interface; whatever deviates from them is a field here.
+// The data that the groups of the MIF document are composed of. The templates follow the DMTF
+// master files of the Desktop Management Interface; fields tell where a group departs from them.
 
 struct MifEnumItem {
   std::uint32_t Value;
   std::string_view Text;
 };
 
-// How an enumeration spells the word of its first and last line.
+// How an enumeration spells the word in its first and last line.
 inline constexpr std::string_view kEnumCapitals = "ENUM";
 inline constexpr std::string_view kEnumMixedCase = "Enum";
 
-// Types of attributes.
+// Attribute types.
 inline constexpr std::string_view kInteger = "Integer";
 inline constexpr std::string_view kInteger64 = "Integer64";
 inline constexpr std::string_view kDate = "Date";
 inline constexpr std::string_view kDisplayString64 = "DisplayString(64)";
 inline constexpr std::string_view kDisplayString80 = "DisplayString(80)";
 inline constexpr std::string_view kOctetString64 = "OctetString(64)";
-// The attribute's items give the type.
+// The attribute is an enumeration of its items.
 inline constexpr std::string_view kEnumeration;
 
 inline constexpr std::string_view kCommon = "Common";
 inline constexpr std::string_view kSpecific = "Specific";
 
-// Stands in a fixed text for what only a document knows.
+// Marks, in a fixed text, where each document has something of its own.
 inline constexpr std::string_view kMifGap("\0", 1);
 
-// Default values, as they stand in the document.
+// Default values, as the document spells them.
 inline constexpr std::string_view kEmptyString = "\"\"";
-// A text of the system described, which one of the group's Values gives.
+// A text about the system, which one of the group's Values returns.
 inline constexpr std::string_view kSystemText("\"\0\"", 3);
 // The attribute has no Value line.
 inline constexpr std::string_view kNoValue;
 
-// Gives a text that stands between the double quotes of a Value line.
+// Returns the text between the double quotes of a Value line.
 using MifValueGetter = std::string (SMBiosReader::*)() const;
 
-// A description is one text in which "\n" parts the literals that stand on lines of their own.
+// In a description, "\n" separates literals, each of which has a line of its own.
 
 struct MifAttribute {
   std::string_view Name;
@@ -58,12 +58,12 @@ struct MifAttribute {
   std::string_view Description = {};
   std::span<const MifEnumItem> Items = {};
   std::string_view EnumWord = kEnumCapitals;
-  // Stands before each literal of the description but the first.
+  // Precedes each literal of the description except the first.
   std::string_view ContinuationIndent = "\t\t\t";
 };
 
-// The table code of the BIOS characteristics, which are rows of the first BIOS Information object;
-// every other code is the structure type whose objects give the rows.
+// The table code of the BIOS characteristics, whose rows come from the first BIOS Information
+// object. Any other code is the structure type whose objects supply the rows.
 inline constexpr std::uint8_t kBiosCharacteristicsTable = 128;
 
 struct MifGroup {
@@ -72,11 +72,11 @@ struct MifGroup {
   std::string_view Name;
   std::string_view Class;
   std::string_view Description;
-  // The attributes that make the key, or empty for a group without one.
+  // The IDs of the key's attributes, or empty for a group without a key.
   std::string_view Key;
   std::string_view Pragma;
   std::span<const MifAttribute> Attributes;
-  // The values of the attributes that have kSystemText, in the order of the attributes.
+  // One for each attribute whose value is kSystemText, in order.
   std::span<const MifValueGetter> Values = {};
   // Empty for a group that never has a table.
   std::optional<std::uint8_t> TableCode = {};

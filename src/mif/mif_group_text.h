@@ -13,22 +13,21 @@
 
 namespace kestrel {
 
-// A group's text as far as it is the same in every document. It is composed when the library is
-// compiled; a document only copies it and fills its gaps.
+// The part of a group's text that is the same in every document. It is composed at compile time; a
+// document copies it and fills the gaps.
 struct MifGroupText {
-  // Each kMifGap in it stands for what a document has there: the first for the ID line, which a
-  // group with rows goes without, the others for the values.
+  // With a kMifGap for the ID line, which a group with rows does not have, and one for each value.
   std::string_view Text;
   std::span<const MifValueGetter> Values;
   std::optional<std::uint8_t> TableCode;
 };
 
-// Composes the text of a group, or counts its characters when there is no target to write to.
+// Composes the text of a group, or only counts its characters if the target is null.
 class MifGroupComposer {
  public:
   constexpr explicit MifGroupComposer(char* target) : Target(target) {}
 
-  // Gives the number of characters.
+  // Returns the number of characters.
   constexpr std::size_t Compose(const MifGroup& group) {
     Add({kSlashes, group.Banner, "\r\n", kSlashes, "\r\nStart Group\r\n\tName = \"", group.Name,
          "\"\r\n\tClass = \"", group.Class, "\"\r\n", kMifGap});

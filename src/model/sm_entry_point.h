@@ -9,12 +9,12 @@ namespace kestrel {
 
 class TableCursor;
 
-// The entry point structure as the firmware wrote it: where the structure table lies, how long it
-// is, and which version of SMBIOS it follows. Nothing is validated. Layout: DMTF DSP0134, "SMBIOS
-// 2.1 (32-bit) Entry Point structure".
+// The entry point as the firmware wrote it: where the structure table is, how long it is, and which
+// version of SMBIOS it follows. Nothing is validated. Layout: DMTF DSP0134, "SMBIOS 2.1 (32-bit)
+// Entry Point structure".
 class SMEntryPoint {
  public:
-  // The bytes that the layout takes.
+  // In bytes.
   static constexpr std::size_t kSize = 31;
 
   SMEntryPoint() = default;
@@ -22,10 +22,11 @@ class SMEntryPoint {
   SMEntryPoint& operator=(const SMEntryPoint&) = default;
   virtual ~SMEntryPoint() = default;
 
-  // Takes every field, in the order of the layout, from the cursor on.
+  // Reads every field, in the order of the layout.
   void Parse(TableCursor& cursor);
 
-  // The setters of byte arrays copy at most the field's width and leave the rest of it alone.
+  // The setters of byte arrays copy at most as many bytes as the field has; fewer leave the rest of
+  // the field alone.
   void SetAnchor(std::span<const std::uint8_t> source);
   void SetChecksum(std::uint8_t value) { Checksum = value; }
   void SetEntryPointLength(std::uint8_t value) { EntryPointLength = value; }

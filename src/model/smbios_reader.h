@@ -20,7 +20,7 @@ struct MifGroupText;
 
 // The structure table as the firmware handed it over.
 struct TableCopy {
-  // As many bytes as the entry point announces, zeros behind those that could be read.
+  // As many bytes as the entry point announces; zeros after the last one that could be read.
   std::vector<std::uint8_t> Bytes;
   std::size_t BytesRead = 0;
 };
@@ -29,50 +29,51 @@ struct TableCopy {
 // renders them. Every member is defined where its subject lives: the readers of structure types in
 // types/, the parts of the MIF document in mif/, the way to the table in firmware/.
 //
-// Any member but CloseAccess may throw std::bad_alloc; the list of objects is then as it was before
-// the call.
+// Any member except CloseAccess may throw std::bad_alloc and then leaves the list of objects as it
+// was.
 class SMBiosReader {
  public:
-  // The version that gave some structures further fields. The version of the table tells whether
-  // they are there, not the Length of the structure.
+  // The version that added fields to some structures. Whether they are there is decided by the
+  // version of the table, not by the Length of the structure.
   static constexpr int kSmbios23 = 23;
 
-  // Without an access the reader never finds a table; WalkTable works all the same.
+  // Without an access the reader finds no table; WalkTable works nevertheless.
   explicit SMBiosReader(std::unique_ptr<FirmwareAccess> access = nullptr);
   SMBiosReader(const SMBiosReader&) = delete;
   SMBiosReader& operator=(const SMBiosReader&) = delete;
-  // Does not close the access.
+  // Does not close the access: call CloseAccess first.
   ~SMBiosReader();
 
-  // firmware/: the access and the way to the table.
+  // firmware/: construction, the access, and the way to the table.
 
-  // Open and close the access: false when that fails or there is none.
+  // Return false if the access cannot be opened or closed, or if there is none.
   bool OpenAccess();
   bool CloseAccess() noexcept;
-  // Finds the entry point in the BIOS area and keeps its record: 1, or 0 when there is none.
+  // Searches the BIOS area for the entry point and keeps its record. Returns 1, or 0 if there is no
+  // entry point. The first anchor ends the search, even if the entry point cannot be read there.
   int FindEntryPoint();
-  // The record, or nullptr as long as none was found.
+  // The record, or nullptr if none has been found yet.
   const SMEntryPoint* GetEntryPoint() const { return EntryPoint ? &*EntryPoint : nullptr; }
-  // Copies the table, after a search for the entry point if none is held yet. Nothing when there is
-  // no entry point, or when none of the table's bytes could be read.
+  // Copies the table; searches for the entry point first, if none is held yet. Empty if there is no
+  // entry point or if no byte of the table can be read.
   std::optional<TableCopy> CopyTable();
-  // Copies the table and walks it, which appends its structures behind those of earlier calls: 1,
-  // or 0 and an unchanged list when there is no table.
+  // Copies the table and walks it, which appends its structures to those of earlier calls. Returns
+  // 1, or 0 if there is no table.
   int ReadTable();
 
   // model/: the walk, the list and the report.
 
-  // Appends one object for each structure of a type that has a reader.
+  // Appends an object for each structure whose type has a reader.
   void WalkTable(std::span<const std::uint8_t> table);
-  // Major version times 10 plus minor version; 0 while no entry point is held.
+  // Major version times 10 plus minor version; 0 if no entry point is held.
   int GetSpecVersion() const;
   const SMObjList& GetObjects() const { return Objects; }
   // The first object of a type, or nullptr.
   const SMObj* GetFirstObj(std::uint8_t type) const;
   std::string BuildTextReport() const;
 
-  // types/: each reader takes one structure, with the cursor on its Length byte, and appends its
-  // object to the list.
+  // types/: a reader takes one structure, the cursor on its Length byte, and appends its object to
+  // the list.
 #define KESTREL_STRUCTURE_TYPE(number) void ReadType##number(TableCursor& cursor);
 #include "model/structure_types.def"
 #undef KESTREL_STRUCTURE_TYPE
@@ -101,12 +102,12 @@ class SMBiosReader {
  private:
   // What the readers of structure types share.
 
-  // Takes Length and Handle.
+  // Reads Length and Handle.
   static void ReadHeader(SMObj& object, TableCursor& cursor);
-  // Fills the string set from the first byte behind the formatted area, with at most the declared
-  // number of strings.
+  // Fills the string set with the strings that follow the formatted area, at most as many as the
+  // object declares.
   void CollectStrings(SMObj& object, TableCursor& cursor) const;
-  // Moves past the end of one string; gives the new position.
+  // Moves past the end of a string and returns the new position.
   static std::size_t SkipString(TableCursor& cursor);
   void AppendObject(std::unique_ptr<const SMObj> object);
 
@@ -119,8 +120,8 @@ class SMBiosReader {
   SMObjList Objects;
   // Declared after the objects, so that it is destroyed before them.
   std::optional<SMEntryPoint> EntryPoint;
-  // During a walk: where in the table copy the current structure begins, and the list of what was
-  // read so far, which joins Objects only when the walk is done.
+  // During a walk: where in the table the current structure starts, and the objects read so far,
+  // which join the others only when the walk is done.
   std::size_t StructureStart = 0;
   SMObjList* Walked = nullptr;
 };

@@ -23,14 +23,14 @@ constexpr auto kReaderOfType = [] {
 
 void SkipStringSet(TableCursor& cursor) {
   if (cursor.Peek() == 0) {
-    // An empty string set. Firmware may pad it with more zeros than the two that close it: all of
-    // them are skipped.
+    // An empty string set. Firmware pads it with more zeros than the two that close it, so the
+    // whole run is skipped.
     do {
       cursor.Skip(1);
     } while (!cursor.IsAtEnd() && cursor.Peek() == 0);
     return;
   }
-  // Each string ends in a zero; another zero after the last one closes the set.
+  // Each string ends with a zero, and one more zero closes the set.
   do {
     cursor.SkipString();
   } while (cursor.Peek() != 0);

@@ -76,7 +76,8 @@ constexpr MifGroup kGroup = {
     .Values = kValues,
 };
 
-// What an item text says behind its label, without the blanks that firmware pads strings with.
+// Returns what follows the label of an item text, without the blanks with which firmware pads
+// strings.
 std::string ValueOf(std::string_view itemText) {
   constexpr std::string_view kSeparator = " : ";
   const std::size_t separator = itemText.find(kSeparator);

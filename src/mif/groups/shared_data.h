@@ -4,7 +4,7 @@
 
 namespace kestrel {
 
-// What several groups have word for word in common.
+// What several groups share word for word.
 
 inline constexpr MifAttribute kFruGroupIndex = {
     .Name = "FRU Group Index",
