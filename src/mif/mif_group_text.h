@@ -99,8 +99,52 @@ class MifGroupComposer {
   std::size_t Size = 0;
 };
 
+// The value of an enumeration is one of its items, and no item comes twice.
+consteval bool HasSoundEnumerations(const MifGroup& group) {
+  for (const MifAttribute& attribute : group.Attributes) {
+    bool hasItem = attribute.Type != kEnumeration || attribute.Value == kNoValue;
+    std::uint64_t next = 0;
+    for (const MifEnumItem& item : attribute.Items) {
+      if (item.Value < next) {
+        return false;
+      }
+      next = std::uint64_t{item.Value} + 1;
+      hasItem = hasItem || attribute.Value == std::string_view(Decimal(item.Value));
+    }
+    if (!hasItem) {
+      return false;
+    }
+  }
+  return true;
+}
+
+// The key, such as "1, 2", names attributes of the group.
+consteval bool HasKeyAttributes(const MifGroup& group) {
+  std::size_t id = 0;
+  for (const char character : group.Key) {
+    if (character >= '0' && character <= '9') {
+      id = 10 * id + static_cast<std::size_t>(character - '0');
+    } else if (character == ',' && id >= 1 && id <= group.Attributes.size()) {
+      id = 0;
+    } else if (character != ' ') {
+      return false;
+    }
+  }
+  return group.Key.empty() || (id >= 1 && id <= group.Attributes.size());
+}
+
+consteval bool HasValuePerSystemText(const MifGroup& group) {
+  const auto gaps =
+      std::count_if(group.Attributes.begin(), group.Attributes.end(),
+                    [](const MifAttribute& attribute) { return attribute.Value == kSystemText; });
+  return static_cast<std::size_t>(gaps) == group.Values.size();
+}
+
 template <const MifGroup& Group>
 inline constexpr auto kMifGroupCharacters = [] {
+  static_assert(HasSoundEnumerations(Group));
+  static_assert(HasKeyAttributes(Group));
+  static_assert(HasValuePerSystemText(Group));
   std::array<char, MifGroupComposer(nullptr).Compose(Group)> characters{};
   MifGroupComposer(characters.data()).Compose(Group);
   return characters;
