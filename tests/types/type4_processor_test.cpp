@@ -11,30 +11,6 @@ const Bytes kProcessor = Structure(
         0xF4, 0x01, 0xC2, 0x01, 0x41, 8,    0x0A, 0x00, 0x00, 0x00, 0xFF, 0xFF, 4, 5,    2},
     {"CPU 0", "Part", "6.5.2", "SN1", "Tag", "Maker"});
 
-TEST(Type4Test, RendersItsBlock) {
-  ExpectReports({
-      {"everything set", kProcessor,
-       "Processor Information (Type 4)\r\n\tSocket Designation : CPU 0\r\n"
-       "\tProcessor Type : Central Processor\r\n\tProcessor Family : Pentium processor Family\r\n"
-       "\tProcessor Manufacturer : Maker\r\n\tProcessor ID : 0383FBFFh 00000652h\r\n"
-       "\tProcessor Version : 6.5.2\r\n\tVoltage : 1.8 V\r\n\tExternal Clock : 133 MHz\r\n"
-       "\tMax Speed : 500 MHz\r\n\tCurrent Speed : 450 MHz\r\n"
-       "\tStatus : CPU Socket Populated,CPU Enabled\r\n\tProcessor Upgrade : Slot 1\r\n"
-       "\tL1 Cache Handle : 000Ah\r\n\tL2 Cache Handle : 0000h\r\n"
-       "\tL3 Cache Handle : Processor has no L3 cache\r\n\r\n"},
-      {"cut by the end of the table, zeros from there on",
-       {4, 0x23, 0, 0, 1},
-       "Processor Information (Type 4)\r\n\tSocket Designation : \r\n"
-       "\tProcessor Type : Unknown\r\n\tProcessor Family : Unknown\r\n"
-       "\tProcessor Manufacturer : \r\n\tProcessor ID : 00000000h 00000000h\r\n"
-       "\tProcessor Version : \r\n\tVoltage : Unknown\r\n\tExternal Clock : 0 MHz\r\n"
-       "\tMax Speed : 0 MHz\r\n\tCurrent Speed : 0 MHz\r\n"
-       "\tStatus : CPU Socket Unpopulated,Unknown\r\n\tProcessor Upgrade : Unknown\r\n"
-       "\tL1 Cache Handle : 0000h\r\n\tL2 Cache Handle : 0000h\r\n"
-       "\tL3 Cache Handle : 0000h\r\n\r\n"},
-  });
-}
-
 TEST(Type4Test, TakesThreeStringsFromAnOlderTable) {
   EXPECT_THAT(ReportOf(kProcessor, {2, 2}),
               testing::AllOf(testing::HasSubstr("\tProcessor Manufacturer : \r\n"),
@@ -44,7 +20,10 @@ TEST(Type4Test, TakesThreeStringsFromAnOlderTable) {
 TEST(Type4Test, NamesCodes) {
   ExpectLines(
       kProcessor,
-      {{0x05, {1}, "Processor Type : Other"},
+      {{0x05,
+        {0, 2, 7},
+        "Processor Type : Unknown\r\n\tProcessor Family : Unknown\r\n\tProcessor Manufacturer : "},
+       {0x05, {1}, "Processor Type : Other"},
        {0x05, {6}, "Processor Type : Video Processor"},
        {0x05, {7}, "Processor Type : Unknown"},
        {0x06, {0x01}, "Processor Family : Other"},
@@ -56,6 +35,18 @@ TEST(Type4Test, NamesCodes) {
        {0x06, {0x38}, "Processor Family : Unknown"},
        {0x06, {0xFB}, "Processor Family : i960"},
        {0x06, {0xFC}, "Processor Family : Unknown"},
+       {0x12,
+        {0x85, 0},
+        "External Clock : 133 MHz\r\n"
+        "\tMax Speed : 500 MHz\r\n\tCurrent Speed : 450 MHz\r\n\tStatus : CPU Socket Populated,CPU "
+        "Enabled"},
+       {0x1A,
+        {0x0A, 0, 0, 0, 0xFE, 0xFF},
+        "L1 Cache Handle : 000Ah\r\n\tL2 Cache Handle : 0000h\r\n"
+        "\tL3 Cache Handle : FFFEh"},
+       {0x1A, Bytes(6, 0xFF),
+        "L1 Cache Handle : Processor has no L1 cache\r\n\tL2 Cache Handle : Processor has no L2 "
+        "cache\r\n\tL3 Cache Handle : Processor has no L3 cache"},
        {0x18, {0x40}, "Status : CPU Socket Populated,Unknown"},
        {0x18, {0xBC}, "Status : CPU Socket Unpopulated,CPU is Idle"},
        {0x18, {0x45}, "Status : CPU Socket Populated,Unknown"},
@@ -78,9 +69,6 @@ TEST(Type4Test, GivesItsMifRow) {
   ExpectMifRows(kProcessor, {{0x04, {0}, "{1,3,11,\"6.5.2\",500,450,8,0,0,1,2,0,1}"},
                              {0x10, {0}, "{1,3,11,\"\",500,450,8,0,0,1,2,0,1}"},
                              {0x18, {0xFF}, "{1,3,11,\"6.5.2\",500,450,8,0,0,1,2,0,7}"}});
-  EXPECT_EQ(MifRowsOf(Join({kProcessor, kProcessor}), 4),
-            "\t{1,3,11,\"6.5.2\",500,450,8,0,0,1,2,0,1}\r\n"
-            "\t{1,3,11,\"6.5.2\",500,450,8,0,0,1,2,0,1}\r\n");
 }
 
 }  // namespace
