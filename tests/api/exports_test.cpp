@@ -147,7 +147,27 @@ TEST_F(ExportsTest, CutTheTextToTheBuffer) {
     EXPECT_EQ(buffer, test.Written + std::string(40 - test.Written.size(), kUntouched))
         << test.Size;
   }
-  EXPECT_EQ(SMObjsToString(28, nullptr), 0);
+}
+
+TEST_F(ExportsTest, CutEachTextToTheBuffer) {
+  machine.Table = Join({kBios, kEnd});
+  ASSERT_EQ(OpenSMBios(), 1);
+  ASSERT_EQ(ReadSMObjects(), 1);
+  const struct {
+    TextExport Get;
+    std::string_view Written;
+  } cases[] = {{GetSMBiosDate, " 0"},
+               {GetSMBiosVendor, " A"},
+               {GetSMBiosVersion, " "},
+               {SMObjsToMifString, "La"},
+               {SMObjsToString, "BI"}};
+  for (const auto& test : cases) {
+    char buffer[] = {kUntouched, kUntouched, kUntouched, kUntouched, '\0'};
+    EXPECT_EQ(test.Get(3, buffer), static_cast<std::int32_t>(test.Written.size()));
+    EXPECT_EQ(std::string_view(buffer), test.Written);
+    EXPECT_EQ(buffer[3], kUntouched);
+    EXPECT_EQ(test.Get(3, nullptr), 0);
+  }
 }
 
 TEST_F(ExportsTest, KeepTheReaderOfAnAccessThatDoesNotOpen) {
