@@ -5,6 +5,7 @@
 
 #include "model/smbios_reader.h"
 #include "tests/support/tables.h"
+#include "tools/kestrel/sample.h"
 
 namespace kestrel {
 namespace {
@@ -71,6 +72,13 @@ TEST(TableWalkTest, FindsEachStructure) {
   for (const auto& test : cases) {
     EXPECT_EQ(TypesIn(test.Table), test.Types) << test.Name;
   }
+}
+
+TEST(TableWalkTest, MakesAnObjectOfTheStructuresType) {
+  EXPECT_THAT(TypesIn(MakeSampleTable()),
+              ElementsAre(0, 1, 2, 3, 4, 5, 6, 6, 7, 7, 8, 8, 8, 9, 9, 10, 11, 12, 13, 14, 15, 16,
+                          17, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 27, 28, 29, 30, 32, 33,
+                          34, 35, 36, 37, 38, 39, 126, 127));
 }
 
 TEST(TableWalkTest, AppendsToWhatEarlierWalksRead) {
