@@ -33,9 +33,11 @@ TEST(PortableDevicesTest, NameCodesAndSplitTheDate) {
 }
 
 TEST(SystemControlsTest, ShowStatusesAndDigits) {
-  ExpectReports({{"a reset", Structure(23, {0x2A, 0xFF, 0xFF, 3, 0, 5, 0, 0xCD, 0xAB}),
-                  "System Reset (Type 23)\r\n\tCapabilities : 2A\r\n\tReset Count : FFFF\r\n"
-                  "\tReset Limit : 0003\r\n\tTimer Interval : 0005\r\n\tTimeout : ABCD\r\n\r\n"}});
+  ExpectLines(Structure(23, Bytes(9)),
+              {{4,
+                {0x2A, 0xFF, 0xFF, 3, 0, 5, 0, 0xCD, 0xAB},
+                "Capabilities : 2A\r\n\tReset Count : FFFF\r\n\tReset Limit : 0003\r\n\tTimer "
+                "Interval : 0005\r\n\tTimeout : ABCD"}});
   ExpectLines(Structure(24, {0}),
               {{4,
                 {0x1B},

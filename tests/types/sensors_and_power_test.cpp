@@ -41,13 +41,6 @@ TEST(ManagementDeviceTest, NamesCodes) {
 }
 
 TEST(ProbeTest, NamesCodesAndUnknownReadings) {
-  ExpectReports(
-      {{"current", Structure(29, kProbe, {"Input"}),
-        "Electrical Current Probe (Type 29)\r\n"
-        "\tDescription : Input\r\n\tLocation And Status : Status--OK; Location--Motherboard\r\n"
-        "\tMaximum Value : 450mA\r\n\tMinimum Value : 65526mA\r\n\tResolution : 5001/10mA\r\n"
-        "\tTolerance : 20\r\n\tAccuracy : 65535\r\n\tOEM-defined : ABCD1234h\r\n"
-        "\tNominal Value : 12000mA\r\n\r\n"}});
   ExpectLines(
       Structure(26, kProbe, {"12 V rail"}),
       {{0x04, {2}, "Description : "},
@@ -55,11 +48,13 @@ TEST(ProbeTest, NamesCodesAndUnknownReadings) {
        {0x05, {0x21}, "Location And Status : Status--Other; Location--Other"},
        {0x05, {0xCB}, "Location And Status : Status--Non-recoverable; Location--Add-in Card"},
        {0x05, {0xEC}, "Location And Status : Status--; Location--"},
-       {0x06, {0x00, 0x80}, "Maximum Value : Unknown"},
+       {0x06, {0x00, 0x80}, "Maximum Value : Unknown\r\n\tMinimum Value : 65526mV"},
        {0x08, {0x00, 0x80}, "Minimum Value : Unknown"},
        {0x0A, {0x00, 0x80}, "Resolution : Unknown"},
        {0x0C, {0x00, 0x80}, "Tolerance : Unknown"},
-       {0x0E, {0x00, 0x80}, "Accuracy : Unknown"},
+       {0x0E,
+        {0x00, 0x80},
+        "Accuracy : Unknown\r\n\tOEM-defined : ABCD1234h\r\n\tNominal Value : 12000mV"},
        {0x14, {0x00, 0x80}, "Nominal Value : Unknown"}});
 }
 

@@ -25,14 +25,6 @@ TEST(Type1Test, ShowsTheUuidAsItIsStored) {
 }
 
 TEST(Type3Test, NamesCodesAndStrings) {
-  ExpectReports(
-      {{"an older table",
-        kEnclosure,
-        "System Enclosure or Chassis (Type 3)\r\n\tManufacturer Name : Maker\r\n"
-        "\tType : chassis lock; Desktop\r\n\tVersion : 1.0\r\n\tSerial Number : SN1\r\n"
-        "\tAsset Tag Number : Tag\r\n\tBootup State : Safe\r\n\tPower Supply State : Warning\r\n"
-        "\tThermal State : Critical\r\n\tSecurity Status : External interface locked out\r\n\r\n",
-        {2, 2}}});
   ExpectLines(kEnclosure, {{5, {0x01}, "Type : Other"},
                            {5, {0x18}, "Type : Sealed-case PC"},
                            {5, {0x19}, "Type : Unknown"},
