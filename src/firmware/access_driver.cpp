@@ -1,6 +1,8 @@
 #include "firmware/access_driver.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 namespace kestrel {
 
@@ -33,13 +35,13 @@ ServiceHandle OpenManager() {
   return ServiceHandle(OpenSCManagerA(nullptr, nullptr, SC_MANAGER_ALL_ACCESS));
 }
 
-// Empty when there is no manager, too.
+// Null when there is no manager either.
 ServiceHandle OpenInstalledService(const ServiceHandle& manager, const char* serviceName) {
   return ServiceHandle(manager ? OpenServiceA(manager.get(), serviceName, SERVICE_ALL_ACCESS)
                                : nullptr);
 }
 
-// Gives false when the service does not tell its state.
+// Returns false when the service does not tell its state.
 bool Interrogate(const ServiceHandle& service, DWORD& state) {
   SERVICE_STATUS status{};
   const BOOL answered = ControlService(service.get(), SERVICE_CONTROL_INTERROGATE, &status);
@@ -90,11 +92,11 @@ int AccessDriver::Open() {
   switch (OsPlatform) {
     case Platform::Windows95:
     case Platform::Windows98:
-      return OpenVirtualDevice();
+      return OpenVirtualDevice() ? 1 : 0;
     case Platform::WindowsNT4:
-      return OpenKernelDriver(kDriverFileNT4);
+      return OpenKernelDriver(kDriverFileNT4) ? 1 : 0;
     case Platform::Windows2000:
-      return OpenKernelDriver(kDriverFile2000);
+      return OpenKernelDriver(kDriverFile2000) ? 1 : 0;
     default:
       return 0;
   }
@@ -104,7 +106,7 @@ int AccessDriver::Close() noexcept {
   switch (OsPlatform) {
     case Platform::Windows95:
     case Platform::Windows98:
-      return CloseDevice();
+      return CloseDevice() ? 1 : 0;
     case Platform::WindowsNT4:
     case Platform::Windows2000:
       CloseDevice();
@@ -116,12 +118,12 @@ int AccessDriver::Close() noexcept {
 
 std::uint32_t AccessDriver::ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) {
   const auto length = static_cast<DWORD>(buffer.size());
-  if (!Device || Request(kNoteAddress, address) == 0 || Request(kNoteLength, length) == 0) {
+  if (Device == nullptr || !Request(kNoteAddress, address) || !Request(kNoteLength, length)) {
     return 0;
   }
   DWORD count = 0;
-  if (DeviceIoControl(Device.get(), kCopyMemory, nullptr, 0, buffer.data(), length, &count,
-                      nullptr) == FALSE) {
+  if (DeviceIoControl(Device, kCopyMemory, nullptr, 0, buffer.data(), length, &count, nullptr) ==
+      FALSE) {
     return 0;
   }
   // A driver may claim more than the buffer holds.
@@ -145,38 +147,38 @@ int AccessDriver::DetectPlatform() {
 
 // Opening the device loads the driver and closing it unloads the driver, which is what creating and
 // deleting mean here.
-int AccessDriver::OpenVirtualDevice() {
+bool AccessDriver::OpenVirtualDevice() {
   return SetDevice(
       CreateFileA(kVirtualDevice, 0, 0, nullptr, CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE, nullptr));
 }
 
-int AccessDriver::OpenKernelDriver(std::string_view driverFile) {
-  if (MakeDriverPath(driverFile) == 0 || LoadDriver(ServiceName, DriverPath.data()) == 0) {
-    return 0;
+bool AccessDriver::OpenKernelDriver(std::string_view driverFile) {
+  if (!MakeDriverPath(driverFile) || LoadDriver(ServiceName, DriverPath.data()) == 0) {
+    return false;
   }
   if (OpenDevice() == 0) {
     RemoveService(ServiceName);
-    return 0;
+    return false;
   }
-  return 1;
+  return true;
 }
 
-// The driver lies beside the host program. No driver is installed from a path that is only a part
-// of what it should be.
-int AccessDriver::MakeDriverPath(std::string_view driverFile) {
+// The driver lies beside the host program. A path that was cut installs nothing: it might name
+// another file.
+bool AccessDriver::MakeDriverPath(std::string_view driverFile) {
   const std::size_t length =
       GetModuleFileNameA(nullptr, DriverPath.data(), static_cast<DWORD>(DriverPath.size()));
   if (length == 0 || length >= DriverPath.size()) {
-    return 0;
+    return false;
   }
   const std::size_t backslash = std::string_view(DriverPath.data(), length).rfind('\\');
   const std::size_t directory = backslash == std::string_view::npos ? 0 : backslash + 1;
   if (directory + driverFile.size() >= DriverPath.size()) {
-    return 0;
+    return false;
   }
   driverFile.copy(&DriverPath[directory], driverFile.size());
   DriverPath[directory + driverFile.size()] = '\0';
-  return 1;
+  return true;
 }
 
 int AccessDriver::LoadDriver(const char* serviceName, const char* driverPath) {
@@ -234,26 +236,26 @@ int AccessDriver::RemoveService(const char* serviceName) {
 int AccessDriver::OpenDevice() {
   return SetDevice(CreateFileA(kKernelDevice, GENERIC_READ | GENERIC_WRITE,
                                FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                               FILE_ATTRIBUTE_NORMAL, nullptr));
-}
-
-int AccessDriver::SetDevice(HANDLE device) {
-  Device.reset(device != INVALID_HANDLE_VALUE ? device : nullptr);
-  return Device ? 1 : 0;
-}
-
-int AccessDriver::CloseDevice() {
-  HANDLE device = Device.release();
-  return device != nullptr && CloseHandle(device) != FALSE ? 1 : 0;
-}
-
-// Hands a number to the driver.
-int AccessDriver::Request(DWORD code, std::uint32_t input) {
-  DWORD count = 0;
-  return DeviceIoControl(Device.get(), code, &input, sizeof(input), nullptr, 0, &count, nullptr) !=
-                 FALSE
+                               FILE_ATTRIBUTE_NORMAL, nullptr))
              ? 1
              : 0;
 }
+
+bool AccessDriver::SetDevice(HANDLE device) {
+  Device = device != INVALID_HANDLE_VALUE ? device : nullptr;
+  return Device != nullptr;
+}
+
+bool AccessDriver::CloseDevice() {
+  HANDLE device = std::exchange(Device, nullptr);
+  return device != nullptr && CloseHandle(device) != FALSE;
+}
+
+bool AccessDriver::Request(DWORD code, std::uint32_t input) {
+  DWORD count = 0;
+  return DeviceIoControl(Device, code, &input, sizeof(input), nullptr, 0, &count, nullptr) != FALSE;
+}
+
+std::unique_ptr<FirmwareAccess> MakeMachineAccess() { return std::make_unique<AccessDriver>(); }
 
 }  // namespace kestrel

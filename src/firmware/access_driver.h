@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <span>
 #include <string_view>
 
@@ -22,15 +21,14 @@ enum class Platform : std::int32_t {
 
 // Physical memory of a Windows machine, through a driver outside the library: on Windows 95, 98 and
 // Me the virtual device driver SKUA, which lives as long as its device is open; on Windows NT 4,
-// 2000 and XP the kernel driver Petrel, which is installed as a service from a file beside the host
-// program, started, and removed again on Close.
+// 2000 and XP the kernel driver Petrel, which Open installs as a service from a file beside the
+// host program and starts, and Close removes. The destructor closes nothing.
 class AccessDriver final : public FirmwareAccess {
  public:
-  // Blocks for a second or more where a service is to be started or stopped, at most for some
-  // twenty seconds.
+  // Blocks for at least a second where a service has to be started or stopped, for twenty at most.
   int Open() override;
-  // On Windows NT 4, 2000 and XP the result is that of removing the service, which is tried whether
-  // or not Open got as far as installing it.
+  // On Windows NT 4, 2000 and XP returns whether the service could be removed, which is tried
+  // whether or not Open got as far as installing it.
   int Close() noexcept override;
   // 0 when any of the requests to the driver fails; the buffer is then as the driver left it.
   std::uint32_t ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) override;
@@ -39,28 +37,24 @@ class AccessDriver final : public FirmwareAccess {
   Platform GetOsPlatform() const { return OsPlatform; }
 
  private:
-  struct DeviceCloser {
-    void operator()(HANDLE device) const { CloseHandle(device); }
-  };
-
   int DetectPlatform();
-  int OpenVirtualDevice();
-  int OpenKernelDriver(std::string_view driverFile);
-  int MakeDriverPath(std::string_view driverFile);
+  bool OpenVirtualDevice();
+  bool OpenKernelDriver(std::string_view driverFile);
+  bool MakeDriverPath(std::string_view driverFile);
   static int LoadDriver(const char* serviceName, const char* driverPath);
   static int InstallService(const char* serviceName, const char* driverPath);
   static int StartService(const char* serviceName);
   static int RemoveService(const char* serviceName);
   int OpenDevice();
-  int SetDevice(HANDLE device);
-  int CloseDevice();
-  int Request(DWORD code, std::uint32_t input);
+  bool SetDevice(HANDLE device);
+  bool CloseDevice();
+  bool Request(DWORD code, std::uint32_t input);
 
   Platform OsPlatform = Platform::Unknown;
   const char* ServiceName = "Petrel";
   std::array<char, MAX_PATH> DriverPath{};
-  // Empty for a device that is not open, whatever Windows gave instead of a handle.
-  std::unique_ptr<void, DeviceCloser> Device;
+  // Null while the device is not open, whatever Windows returned instead of a handle.
+  HANDLE Device = nullptr;
 };
 
 }  // namespace kestrel

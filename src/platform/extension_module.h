@@ -15,10 +15,10 @@ struct ExtensionModule {
   const CDynLinkLibrary* Library = nullptr;
 };
 
-// Gives 0 for a module that has no handle or is initialised already.
+// Returns 0 for a module that has no handle or is initialised already.
 int AfxInitExtensionModule(ExtensionModule& module, HINSTANCE handle);
 
-// Takes the module, initialised or not, back to where it was before.
+// Undoes the initialisation, if there was one.
 void AfxTermExtensionModule(ExtensionModule& module);
 
 // Registers an initialised module, for as long as the library is loaded.
