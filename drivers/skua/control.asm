@@ -1,5 +1,8 @@
 ; How Windows finds SKUA and hands it a message. All messages but one are answered with success,
 ; those of loading and unloading among them.
+;
+; A dispatch to a procedure with arguments cannot stand in a dispatch table (Begin_Control_Dispatch),
+; so that the control procedure is written out.
 
 .386p
 include vmm.inc
@@ -8,9 +11,11 @@ Declare_Virtual_Device SKUA, 1, 0, SKUA_Control, UNDEFINED_DEVICE_ID, UNDEFINED_
 
 VxD_LOCKED_CODE_SEG
 
-Begin_Control_Dispatch SKUA
-    Control_Dispatch W32_DEVICEIOCONTROL, SkuaDeviceIoControl, sCall, <ecx, ebx, edx, esi>
-End_Control_Dispatch SKUA
+BeginProc SKUA_Control
+    Control_Dispatch W32_DEVICEIOCONTROL, SkuaDeviceIoControl, sCall, <esi>
+    clc
+    ret
+EndProc SKUA_Control
 
 VxD_LOCKED_CODE_ENDS
 

@@ -1,129 +1,264 @@
+#include <algorithm>
 #include <array>
 #include <gmock/gmock.h>
+#include <map>
+#include <optional>
 #include <vector>
 
 extern "C" {
+#include "skua/pages.h"
 #include "skua/skua_requests.h"
 }
 
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
-int lockedBuffers = 0;
-const void* missingBuffer = nullptr;
-bool isMemoryReadable = true;
-std::vector<Unsigned32> copiedAddresses;
+constexpr Unsigned32 kBuffer = 0x10000;
+constexpr Unsigned32 kMapping = 0xC0000000;
+constexpr Unsigned32 kReadable = 5;
+constexpr Unsigned32 kWritable = 7;
 
-// Both are what tells one handle from another.
+// The memory manager, with a program of six pages. Physical memory has in each byte the sum of its
+// address's four.
+struct Memory {
+  std::array<unsigned char, 0x6000> Program{};
+  // Of committed pages.
+  std::map<Unsigned32, Unsigned32> Entries = {{0x10, kWritable}, {0x11, kWritable},
+                                              {0x12, kReadable}, {0x13, kWritable},
+                                              {0x14, 0},         {0x15, 3}};
+  std::map<Unsigned32, int> Locks;
+  bool LocksPages = true;
+  std::optional<Unsigned32> ManagedPage;
+  bool ReservesPages = true;
+  bool CommitsPages = true;
+  std::vector<unsigned char> Mapping;
+  // Which physical pages were mapped, the first and the number of each mapping.
+  std::vector<std::pair<Unsigned32, Unsigned32>> Mapped;
+};
+
+Memory memory;
+
 struct Handle {
   Unsigned32 Device;
   Unsigned32 Process;
 };
 
-struct Answer {
-  Unsigned32 Result;
-  Unsigned32 Written;
-  bool operator==(const Answer&) const = default;
-};
+constexpr Unsigned32 kCount = kBuffer + 0x1100;
 
 class Skua : public testing::Test {
  protected:
-  void SetUp() override {
-    missingBuffer = nullptr;
-    isMemoryReadable = true;
-    copiedAddresses.clear();
-  }
-  void TearDown() override { EXPECT_EQ(lockedBuffers, 0); }
-
-  static Answer Ask(Handle handle, Unsigned32 code, const std::array<unsigned char, 4>* input,
-                    void* output, Unsigned32 outputLength) {
-    const SkuaRequest request = {
-        handle.Device, handle.Process, code, input, input != nullptr ? 4U : 0U,
-        output,        outputLength};
-    Answer answer{99, 99};
-    answer.Result = AnswerSkuaRequest(&request, &answer.Written);
-    return answer;
-  }
-  static Answer Ask(Handle handle, Unsigned32 code) { return Ask(handle, code, nullptr, {}, 0); }
-  static Answer Note(Handle handle, Unsigned32 code, std::array<unsigned char, 4> number) {
-    return Ask(handle, code, &number, nullptr, 0);
-  }
-  Answer Copy(Handle handle) { return Ask(handle, 0x222040, nullptr, Buffer.data(), 3); }
-  Answer NoteAndCopy(Handle handle) {
-    Note(handle, 0x222018, {0, 0, 0x0F, 0});
-    Note(handle, 0x222020, {3, 0, 0, 0});
-    return Copy(handle);
+  void SetUp() override { memory = {}; }
+  void TearDown() override {
+    EXPECT_THAT(memory.Locks, IsEmpty());
+    EXPECT_THAT(memory.Mapping, IsEmpty());
   }
 
-  std::array<unsigned char, 3> Buffer{};
+  static Unsigned32 Ask(Handle handle, Unsigned32 code, Unsigned32 input, Unsigned32 inputLength,
+                        Unsigned32 output = 0, Unsigned32 outputLength = 0) {
+    memory.Program[kCount - kBuffer] = 0xEE;
+    const SkuaRequest request = {handle.Device, handle.Process, code,         input,
+                                 inputLength,   output,         outputLength, kCount};
+    return AnswerSkuaRequest(&request);
+  }
+  static Unsigned32 Note(Handle handle, Unsigned32 code, Unsigned32 number,
+                         Unsigned32 input = kBuffer) {
+    for (Unsigned32 index = 0; index < 4; ++index) {
+      memory.Program.at(input - kBuffer + index) = static_cast<unsigned char>(number >> 8 * index);
+    }
+    return Ask(handle, code, input, 4);
+  }
+  static Unsigned32 NoteRange(Handle handle, Unsigned32 address, Unsigned32 length) {
+    return std::max(Note(handle, 0x222018, address), Note(handle, 0x222020, length));
+  }
+  static Unsigned32 Copy(Handle handle, Unsigned32 output, Unsigned32 length) {
+    return Ask(handle, 0x222040, 0, 0, output, length);
+  }
+  // The count as it was left by the last request, when it is a small one.
+  static int Count() { return memory.Program[kCount - kBuffer]; }
 };
 
-constexpr Answer kDone = {0, 0};
+constexpr Handle kHandle = {3, 3};
 
 TEST_F(Skua, KeepsItsHandlesApart) {
   const Handle handles[] = {{1, 1}, {1, 2}, {2, 1}};
-  EXPECT_EQ(Copy(handles[0]), (Answer{6, 0}));
   for (const Handle& handle : handles) {
-    EXPECT_EQ(Ask(handle, 0), kDone);
+    EXPECT_EQ(NoteRange(handle, (16 * handle.Device + handle.Process) << 12, 3), 0);
   }
   for (const Handle& handle : handles) {
-    const auto address = static_cast<unsigned char>(16 * handle.Device + handle.Process);
-    EXPECT_EQ(Note(handle, 0x222018, {address, 0, 0, 0}), kDone);
-    EXPECT_EQ(Note(handle, 0x222020, {3, 0, 0, 0}), kDone);
+    EXPECT_EQ(Copy(handle, kBuffer, 3), 0);
+    EXPECT_EQ(Copy(handle, kBuffer, 3), 87);
   }
-  for (const Handle& handle : handles) {
-    EXPECT_EQ(Copy(handle), (Answer{0, 3}));
-    EXPECT_EQ(Ask(handle, 0xFFFFFFFF), kDone);
-    EXPECT_EQ(Copy(handle), (Answer{6, 0}));
+  EXPECT_THAT(memory.Mapped,
+              ElementsAre(std::pair(0x11U, 1U), std::pair(0x12U, 1U), std::pair(0x21U, 1U)));
+}
+
+TEST_F(Skua, RemembersAHandleFromItsFirstNoteToItsCopyOrClose) {
+  // However many are open.
+  for (Unsigned32 device = 1; device <= 20; ++device) {
+    EXPECT_EQ(Ask({device, 0}, 0, 0, 0), 0);
   }
-  EXPECT_THAT(copiedAddresses, ElementsAre(0x11, 0x12, 0x21));
+  for (Unsigned32 device = 1; device <= 16; ++device) {
+    EXPECT_EQ(NoteRange({device, 7}, device << 12, 3), 0);
+  }
+  EXPECT_EQ(Note({17, 7}, 0x222018, 0), 4);
+  EXPECT_EQ(Ask({17, 7}, 0xFFFFFFFF, 0, 0), 0);
+  EXPECT_EQ(Ask({5, 7}, 0xFFFFFFFF, 0, 0), 0);
+  EXPECT_EQ(Note({17, 7}, 0x222018, 0), 0);
+  EXPECT_EQ(Note({18, 7}, 0x222018, 0), 4);
+  EXPECT_EQ(Copy({6, 7}, kBuffer, 3), 0);
+  EXPECT_EQ(Note({18, 7}, 0x222018, 0), 0);
+  EXPECT_EQ(Copy({7, 7}, kBuffer, 3), 0);
+  EXPECT_EQ(Copy({5, 7}, kBuffer, 3), 87);
+  for (Unsigned32 device = 1; device <= 18; ++device) {
+    EXPECT_EQ(Ask({device, 7}, 0xFFFFFFFF, 0, 0), 0);
+  }
+}
+
+TEST_F(Skua, LooksAtTheBuffersOfAProgram) {
+  const struct {
+    Unsigned32 Address;
+    Unsigned32 Length;
+    bool IsWritten;
+    bool IsTaken;
+  } cases[] = {
+      {kBuffer + 0xFFE, 4, true, true},
+      {kBuffer + 0x1FFC, 4, true, true},
+      {kBuffer + 0x1FFD, 4, true, false},  // the next page is only to be read
+      {kBuffer + 0x1FFD, 4, false, true},
+      {kBuffer + 0x3FFD, 4, false, false},  // not present, though committed
+      {kBuffer + 0x5000, 4, false, false},  // not for programs
+      {kBuffer + 0x5FFD, 4, true, false},   // not committed
+      {kBuffer - 4, 4, false, false},
+      {0xFFFFFFFD, 4, false, false},
+      {kBuffer, 0x2000, true, true},
+      {kBuffer, 0x2001, true, false},
+  };
+  for (const auto& buffer : cases) {
+    SCOPED_TRACE(&buffer - cases);
+    if (buffer.IsWritten) {
+      EXPECT_EQ(NoteRange(kHandle, 0xF0000, buffer.Length), 0);
+      EXPECT_EQ(Copy(kHandle, buffer.Address, buffer.Length), buffer.IsTaken ? 0 : 24);
+    } else {
+      EXPECT_EQ(Ask(kHandle, 0x222018, buffer.Address, 4), buffer.IsTaken ? 0 : 24);
+    }
+  }
+  memory.LocksPages = false;
+  EXPECT_EQ(Ask(kHandle, 0x222018, kBuffer, 4), 24);
+}
+
+TEST_F(Skua, CopiesWhatIsMapped) {
+  EXPECT_EQ(NoteRange(kHandle, 0xF0FFE, 4), 0);
+  EXPECT_EQ(Copy(kHandle, kBuffer + 0xFFF, 4), 0);
+  EXPECT_EQ(Count(), 4);
+  EXPECT_THAT(memory.Mapped, ElementsAre(std::pair(0xF0U, 2U)));
+  EXPECT_THAT(std::vector(memory.Program.begin() + 0xFFE, memory.Program.begin() + 0x1004),
+              ElementsAre(0, 0x1C, 0x1D, 0x1F, 0x20, 0));
+  // Up to the last byte of all.
+  EXPECT_EQ(NoteRange(kHandle, 0xFFFFFFFF, 1), 0);
+  EXPECT_EQ(Copy(kHandle, kBuffer, 1), 0);
+  EXPECT_EQ(memory.Program[0], 0xFC);
 }
 
 TEST_F(Skua, RefusesWithTheErrorsOfWindows) {
-  const Handle handle = {3, 3};
-  ASSERT_EQ(Ask(handle, 0), kDone);
-  EXPECT_EQ(Ask(handle, 0x222024), (Answer{50, 0}));
-  EXPECT_EQ(Ask(handle, 0x222018), (Answer{24, 0}));
-  EXPECT_EQ(Copy(handle), (Answer{87, 0}));
-  EXPECT_EQ(Note(handle, 0x222020, {0, 0, 1, 0}), (Answer{87, 0}));
-  missingBuffer = Buffer.data();
-  EXPECT_EQ(NoteAndCopy(handle), (Answer{24, 0}));
-  EXPECT_TRUE(copiedAddresses.empty());
-  missingBuffer = nullptr;
-  isMemoryReadable = false;
-  EXPECT_EQ(NoteAndCopy(handle), (Answer{30, 0}));
-  isMemoryReadable = true;
-  EXPECT_EQ(NoteAndCopy(handle), (Answer{0, 3}));
-  const std::array<unsigned char, 4> input{};
-  missingBuffer = &input;
-  EXPECT_EQ(Ask(handle, 0x222018, &input, nullptr, 0), (Answer{24, 0}));
-  EXPECT_EQ(Ask(handle, 0xFFFFFFFF), kDone);
+  EXPECT_EQ(Ask(kHandle, 0x222018, kBuffer, 0), 24);
+  EXPECT_EQ(Note(kHandle, 0x222020, 0x10000), 87);
+  EXPECT_EQ(Copy(kHandle, kBuffer, 3), 87);
+  EXPECT_EQ(Count(), 0);
+  const auto copy = [] {
+    EXPECT_EQ(NoteRange(kHandle, 0xF0FFE, 3), 0);
+    return Copy(kHandle, kBuffer, 3);
+  };
+  // The first page, the last one, and the one after it.
+  for (const auto& [page, result] : {std::pair(0xF0U, 5U), {0xF1U, 5U}, {0xF2U, 0U}}) {
+    memory.ManagedPage = page;
+    EXPECT_EQ(copy(), result);
+    EXPECT_EQ(Count(), result == 0 ? 3 : 0);
+  }
+  memory.CommitsPages = false;
+  EXPECT_EQ(copy(), 30);
+  memory.ReservesPages = false;
+  EXPECT_EQ(copy(), 30);
 }
 
-TEST_F(Skua, OpensSixteenHandlesAtOnce) {
-  for (Unsigned32 device = 1; device <= 16; ++device) {
-    EXPECT_EQ(Ask({device, 7}, 0), kDone);
+TEST_F(Skua, WritesACountForItsControlCodesAlone) {
+  for (const Unsigned32 code : {0U, 0xFFFFFFFFU, 0x222024U}) {
+    EXPECT_EQ(Ask(kHandle, code, 0, 0), code == 0x222024 ? 50 : 0);
+    EXPECT_EQ(Count(), 0xEE);
   }
-  EXPECT_EQ(Ask({17, 7}, 0), (Answer{4, 0}));
-  EXPECT_EQ(Ask({5, 7}, 0xFFFFFFFF), kDone);
-  EXPECT_EQ(Ask({17, 7}, 0), kDone);
-  EXPECT_EQ(Copy({17, 7}), (Answer{87, 0}));
-  for (Unsigned32 device = 1; device <= 17; ++device) {
-    EXPECT_EQ(Ask({device, 7}, 0xFFFFFFFF).Result, device == 5 ? 6 : 0);
-  }
+  EXPECT_EQ(Note(kHandle, 0x222018, 0xF0000), 0);
+  EXPECT_EQ(Count(), 0);
+  memory.Entries[0x11] = kReadable;
+  EXPECT_EQ(Note(kHandle, 0x222018, 0xF0000), 0);
+  EXPECT_EQ(Count(), 0xEE);
+  EXPECT_EQ(Ask(kHandle, 0xFFFFFFFF, 0, 0), 0);
 }
 
 }  // namespace
 
-int LockBuffer(const void* buffer, Unsigned32 /*length*/) {
-  lockedBuffers += buffer != missingBuffer ? 1 : 0;
-  return buffer != missingBuffer ? 1 : 0;
+Unsigned32 CountCommittedPages(Unsigned32 firstPage, Unsigned32 count) {
+  Unsigned32 committed = 0;
+  while (committed < count && memory.Entries.contains(firstPage + committed)) {
+    ++committed;
+  }
+  return committed;
 }
 
-void UnlockBuffer(const void* /*buffer*/, Unsigned32 /*length*/) { --lockedBuffers; }
+int LockPages(Unsigned32 firstPage, Unsigned32 count) {
+  EXPECT_EQ(CountCommittedPages(firstPage, count), count);
+  for (Unsigned32 page = firstPage; memory.LocksPages && page < firstPage + count; ++page) {
+    ++memory.Locks[page];
+  }
+  return memory.LocksPages ? 1 : 0;
+}
 
-int CopyPhysicalMemory(const PhysicalRange* range, void* /*buffer*/) {
-  copiedAddresses.push_back(range->Address);
-  return isMemoryReadable ? 1 : 0;
+void UnlockPages(Unsigned32 firstPage, Unsigned32 count) {
+  for (Unsigned32 page = firstPage; page < firstPage + count; ++page) {
+    if (--memory.Locks[page] == 0) {
+      memory.Locks.erase(page);
+    }
+  }
+}
+
+Unsigned32 GetPageEntry(Unsigned32 page) {
+  EXPECT_TRUE(memory.Locks.contains(page));
+  return memory.Entries[page];
+}
+
+int IsAnyPhysicalPageManaged(Unsigned32 firstPage, Unsigned32 count) {
+  return memory.ManagedPage >= firstPage && memory.ManagedPage < firstPage + count ? 1 : 0;
+}
+
+Unsigned32 ReservePages(Unsigned32 count) {
+  if (!memory.ReservesPages) {
+    return NO_PAGES;
+  }
+  memory.Mapping.resize(std::size_t{count} << PAGE_BITS);
+  return kMapping;
+}
+
+int CommitPhysicalPages(Unsigned32 firstPage, Unsigned32 count, Unsigned32 firstPhysicalPage) {
+  EXPECT_EQ(firstPage, kMapping >> PAGE_BITS);
+  EXPECT_EQ(count, memory.Mapping.size() >> PAGE_BITS);
+  if (!memory.CommitsPages) {
+    return 0;
+  }
+  for (std::size_t offset = 0; offset < memory.Mapping.size(); ++offset) {
+    const auto address = (firstPhysicalPage << PAGE_BITS) + static_cast<Unsigned32>(offset);
+    memory.Mapping[offset] =
+        static_cast<unsigned char>((address >> 24) + (address >> 16) + (address >> 8) + address);
+  }
+  memory.Mapped.emplace_back(firstPhysicalPage, count);
+  return 1;
+}
+
+void FreePages(Unsigned32 address) {
+  EXPECT_EQ(address, kMapping);
+  memory.Mapping.clear();
+}
+
+unsigned char* BytesAt(Unsigned32 address) {
+  return address >= kMapping ? &memory.Mapping.at(address - kMapping)
+                             : &memory.Program.at(address - kBuffer);
 }
