@@ -5,7 +5,6 @@ Argument: the tool."""
 
 import json
 import os
-import socket
 import subprocess
 import sys
 import tempfile
@@ -23,15 +22,18 @@ SYSTEM = (
 class Machine:
     """An emulated PC, and the way to ask it for its memory."""
 
-    def __init__(self, folder, options):
-        self.socket_path = os.path.join(folder, "qmp")
+    def __init__(self, options):
         self.process = subprocess.Popen(
             # It ends with this process, however that ends.
-            ["setpriv", "--pdeathsig", "KILL", "qemu-system-x86_64", "-accel", "tcg", "-machine", "pc", "-m", "64"]
-            + ["-display", "none", "-nodefaults"]
-            + ["-qmp", f"unix:{self.socket_path},server=on,wait=off"]
-            + options
+            ["setpriv", "--pdeathsig", "KILL", "qemu-system-x86_64", "-accel", "tcg"]
+            + ["-machine", "pc", "-m", "64", "-display", "none", "-nodefaults", "-qmp", "stdio"]
+            + options,
+            stdin=subprocess.PIPE,
+            stdout=subprocess.PIPE,
+            text=True,
         )
+        self.answer()  # It greets.
+        self.ask("qmp_capabilities")
 
     def __enter__(self):
         return self
@@ -40,32 +42,20 @@ class Machine:
         self.process.kill()
         self.process.wait()
 
-    def connect(self, deadline):
-        while True:
-            if self.process.poll() is not None:
-                raise SystemExit("FAILED: the emulated PC did not start")
-            try:
-                link = socket.socket(socket.AF_UNIX)
-                link.connect(self.socket_path)
-                break
-            except OSError:
-                if time.monotonic() > deadline:
-                    raise
-                time.sleep(0.05)
-        self.answers = link.makefile("r")
-        self.link = link
-        self.answers.readline()
-        self.ask("qmp_capabilities")
+    def answer(self):
+        line = self.process.stdout.readline()
+        if not line:
+            raise SystemExit("FAILED: the emulated PC ended")
+        return json.loads(line)
 
     def ask(self, command, **arguments):
-        message = {"execute": command, "arguments": arguments}
-        self.link.sendall(json.dumps(message).encode())
-        while True:
-            answer = json.loads(self.answers.readline())
+        json.dump({"execute": command, "arguments": arguments}, self.process.stdin)
+        self.process.stdin.flush()
+        answer = self.answer()
+        while "return" not in answer:
             if "error" in answer:
                 raise SystemExit(f"FAILED: {command}: {answer}")
-            if "return" in answer:
-                return answer["return"]
+            answer = self.answer()
 
     def save_memory(self, path, size):
         self.ask("pmemsave", val=0, size=size, filename=path)
@@ -73,10 +63,9 @@ class Machine:
             return file.read()
 
 
-def save_first_megabyte(options, path, folder):
+def save_first_megabyte(options, path):
     deadline = time.monotonic() + PATIENCE
-    with Machine(folder, options) as machine:
-        machine.connect(deadline)
+    with Machine(options) as machine:
         while b"_SM_" not in machine.save_memory(path, 0x100000)[0xF0000:]:
             if time.monotonic() > deadline:
                 raise SystemExit("FAILED: the firmware wrote no entry point")
@@ -103,7 +92,7 @@ def expect(text, *pieces):
 def main():
     with tempfile.TemporaryDirectory() as folder:
         image = os.path.join(folder, "memory")
-        save_first_megabyte(["-smbios", BIOS, "-smbios", SYSTEM], image, folder)
+        save_first_megabyte(["-smbios", BIOS, "-smbios", SYSTEM], image)
         expect(
             tool("report", "--image", image),
             "BIOS Information (Type 0)\n\tVendor Name : Merlin Firmware\n\tBIOS Version : 4.2-K\n",
@@ -124,7 +113,7 @@ def main():
         )
         expect(tool("list", "--image", image), "  BIOS Information\n", "  Memory Device\n")
 
-        save_first_megabyte([], image, folder)
+        save_first_megabyte([], image)
         expect(
             tool("report", "--image", image),
             "System Information (Type 1)\n\tManufacturer Name : QEMU\n",
