@@ -1,9 +1,10 @@
 /*
  * Petrel, the driver through which Kestrel reads physical memory on Windows NT 4, 2000 and XP. It
- * reads only, and only for administrators. Every function it calls is there in Windows NT 4.
+ * reads only, and only for administrators.
  */
-#include <ntddk.h>
+#include <ntifs.h>
 
+#include "administrators_only.h"
 #include "physical_memory.h"
 #include "physical_window.h"
 
@@ -18,19 +19,6 @@ typedef struct Opening {
 static UNICODE_STRING deviceName = RTL_CONSTANT_STRING(L"\\Device\\Petrel");
 static UNICODE_STRING linkName = RTL_CONSTANT_STRING(L"\\DosDevices\\Petrel");
 
-/* A security descriptor, self-relative: owned by the administrators, who alone have access. */
-static _Alignas(ULONG) UCHAR administratorsOnly[] = {
-    /* Revision, control (self-relative, with access list), offsets of owner, group, lists. */
-    0x01, 0x00, 0x04, 0x80, 20, 0, 0, 0, 20, 0, 0, 0, 0, 0, 0, 0, 36, 0, 0, 0,
-    /* S-1-5-32-544: administrators. */
-    0x01, 0x02, 0, 0, 0, 0, 0, 5, 32, 0, 0, 0, 0x20, 0x02, 0, 0,
-    /* Access list: revision, size, one entry. */
-    0x02, 0x00, 32, 0, 1, 0, 0, 0,
-    /* Allowed, size, FILE_ALL_ACCESS, to the administrators. */
-    0x00, 0x00, 24, 0, 0xFF, 0x01, 0x1F, 0x00,
-    /* S-1-5-32-544. */
-    0x01, 0x02, 0, 0, 0, 0, 0, 5, 32, 0, 0, 0, 0x20, 0x02, 0, 0};
-
 static GENERIC_MAPPING fileMapping = {FILE_GENERIC_READ, FILE_GENERIC_WRITE, FILE_GENERIC_EXECUTE,
                                       FILE_ALL_ACCESS};
 
@@ -44,12 +32,17 @@ static BOOLEAN IsAdministrator(const IO_SECURITY_CONTEXT* opener) {
   ACCESS_MASK granted = 0;
   NTSTATUS status = STATUS_ACCESS_DENIED;
   PPRIVILEGE_SET privileges = NULL;
+  BOOLEAN isAdministrator = FALSE;
   if (opener == NULL || opener->AccessState == NULL) {
     return SeSinglePrivilegeCheck(RtlConvertUlongToLuid(SE_LOAD_DRIVER_PRIVILEGE), UserMode);
   }
-  return SeAccessCheck((PSECURITY_DESCRIPTOR)administratorsOnly,
-                       &opener->AccessState->SubjectSecurityContext, FALSE, FILE_READ_DATA, 0,
-                       &privileges, &fileMapping, UserMode, &granted, &status);
+  isAdministrator = SeAccessCheck(
+      (PSECURITY_DESCRIPTOR)administratorsOnly, &opener->AccessState->SubjectSecurityContext, FALSE,
+      FILE_READ_DATA, 0, &privileges, &fileMapping, UserMode, &granted, &status);
+  if (privileges != NULL) {
+    SeFreePrivileges(privileges);
+  }
+  return isAdministrator;
 }
 
 static NTSTATUS MakeOpening(const IO_STACK_LOCATION* request) {
@@ -134,8 +127,10 @@ static NTSTATUS NTAPI DispatchCleanup(DEVICE_OBJECT* device, IRP* irp) {
 static NTSTATUS NTAPI DispatchClose(DEVICE_OBJECT* device, IRP* irp) {
   UNREFERENCED_PARAMETER(device);
   FILE_OBJECT* file = IoGetCurrentIrpStackLocation(irp)->FileObject;
-  ExFreePool(file->FsContext);
-  file->FsContext = NULL;
+  if (file != NULL && file->FsContext != NULL) {
+    ExFreePool(file->FsContext);
+    file->FsContext = NULL;
+  }
   return Complete(irp, STATUS_SUCCESS, 0);
 }
 

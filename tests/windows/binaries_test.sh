@@ -9,13 +9,6 @@ done
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# The imports in the headers at hand, each with its library.
-list_imports() {
-  awk '/DLL Name:/ { library = $3 }
-    library && $2 ~ /^[0-9]+$/ && NF == 3 { print library ":" $3 }
-    /^$/ { library = "" }' "$work/headers"
-}
-
 # Whatever is on standard input should not be there.
 refuse() {
   if grep . >"$work/refused"; then
@@ -25,44 +18,59 @@ refuse() {
   fi
 }
 
-# The headers that matter, then the exports with their ordinals.
+# What matters of the headers at hand, then the exports with their ordinals.
 describe() {
-  sed -n -E 's/.*file format //p
-    s/^(Major|Minor)(SubsystemVersion|OSystemVersion)\t/\1\2 /p
-    s/^DllCharacteristics\t/DllCharacteristics /p
-    s/^Entry 2 0*[1-9a-f].*/has resources/p
-    s/^Entry 9 0+ 0+ .*/has no thread storage/p' "$work/headers"
-  awk '/Export RVA/ { ++count }
-    /^\[Ordinal\/Name Pointer\]/ { isName = 1; next }
+  awk '/file format/ { format = $NF }
+    /^M..orOSystemVersion/ { windows = windows "." $2 }
+    /^M..orSubsystemVersion/ { version = version "." $2 }
+    /^Subsystem\t/ { subsystem = $2 + 0 }
+    /Alignment\t/ { sub(/^0*/, "", $2); alignment = alignment " " $2 }
+    /^DllCharacteristics/ { flags = $2 }
+    /^Entry [259] / && $3 !~ /^0+$/ { parts = parts " " $5 }
+    END { print format, windows, "subsystem", subsystem version, "aligned" alignment, flags parts }
+  ' "$work/headers"
+  awk '/^\[Ordinal\/Name Pointer\]/ { isName = 1; next }
     /^$/ { isName = 0 }
     isName { gsub(/[][]/, ""); print $1 + 1, $2 }
-    END { print count, "exports" }' "$work/headers"
+    /Export RVA/ { ++count }
+    END { if (count) print count, "exports" }' "$work/headers"
 }
 
-# Takes the headers to be found from standard input; $2 are the functions that may be imported, with
-# their libraries.
-check_library() {
-  cat - "$work/exports" >"$work/wanted"
-  describe >"$work/found"
-  diff -u --label "$1, wanted" --label "$1, found" "$work/wanted" "$work/found" || touch "$work/failed"
-  for function in $2; do echo "$function"; done >"$work/allowed"
-  list_imports >"$work/imports"
-  [ -s "$work/imports" ] || echo "nothing" >"$work/imports"
-  grep -vxFf "$work/allowed" "$work/imports" | refuse "$1 imports"
-}
+# What a file may not have, whatever it is: memory that is both written and run, or anything but
+# relocations that Windows may discard.
+list_dangerous_sections() {
+  python3 - "$1" <<'END'
+import struct, sys
 
-cat >"$work/exports" <<END
-1 CloseSMBios
-2 GetSMBiosDate
-3 GetSMBiosVendor
-4 GetSMBiosVersion
-5 GetSMType0Obj
-6 OpenSMBios
-7 ReadSMObjects
-8 SMObjsToMifString
-9 SMObjsToString
-9 exports
+data = open(sys.argv[1], "rb").read()
+(header,) = struct.unpack_from("<I", data, 0x3C)
+count, size = struct.unpack_from("<6xH12xH", data, header)
+for offset in range(header + 24 + size, header + 24 + size + 40 * count, 40):
+    name, flags = struct.unpack_from("<8s28xI", data, offset)
+    writable_code = flags & 0xA0000000 == 0xA0000000
+    discardable = flags & 0x02000000 and name != b".reloc\0\0"
+    if writable_code or discardable:
+        print(name, hex(flags))
 END
+}
+
+# check FILE IMPORTS: what is to be found is on standard input. The imports are functions with their
+# libraries; those of a driver are all of them.
+check() {
+  x86_64-w64-mingw32-objdump -p "$build/$1" >"$work/headers"
+  cat >"$work/wanted"
+  describe >"$work/found"
+  for function in $2; do echo "$function"; done | sort >"$work/allowed"
+  awk '/DLL Name:/ { library = $3 }
+    library && $2 ~ /^[0-9]+$/ && NF == 3 { print library ":" $3 }
+    /^$/ { library = "" }' "$work/headers" | sort >"$work/imports"
+  case $1 in
+    *.sys) cat "$work/imports" >>"$work/found" && cat "$work/allowed" >>"$work/wanted" ;;
+    *) { grep . "$work/imports" || echo nothing; } | grep -vxFf "$work/allowed" | refuse "$1 imports" ;;
+  esac
+  diff -u --label "$1, wanted" --label "$1, found" "$work/wanted" "$work/found" || touch "$work/failed"
+  list_dangerous_sections "$build/$1" | refuse "$1, sections"
+}
 
 in_library() {
   library=$1
@@ -87,98 +95,69 @@ $(in_library msvcrt.dll ___lc_codepage_func ___mb_cur_max_func __iob_func _amsg_
   _initterm _lock _read _unlock calloc fputc fputs fwrite localeconv realloc strcmp strerror \
   strncmp vfprintf wcslen)"
 
-i686-w64-mingw32-objdump -p "$build/mingw32/src/Kestrel.dll" >"$work/headers"
-check_library mingw32 "$windows95" <<END
-pei-i386
-MajorOSystemVersion 4
-MinorOSystemVersion 0
-MajorSubsystemVersion 4
-MinorSubsystemVersion 0
-DllCharacteristics 00000000
-has resources
-has no thread storage
+exports="1 CloseSMBios
+2 GetSMBiosDate
+3 GetSMBiosVendor
+4 GetSMBiosVersion
+5 GetSMType0Obj
+6 OpenSMBios
+7 ReadSMObjects
+8 SMObjsToMifString
+9 SMObjsToString
+9 exports"
+
+check mingw32/src/Kestrel.dll "$windows95" <<END
+pei-i386 .4.0 subsystem 3.4.0 aligned 1000 200 00000000 Resource Base
+$exports
+END
+check mingw64/src/Kestrel.dll "$windowsXP" <<END
+pei-x86-64 .4.0 subsystem 3.5.2 aligned 1000 200 00000160 Resource Base Thread
+$exports
 END
 
-x86_64-w64-mingw32-objdump -p "$build/mingw64/src/Kestrel.dll" >"$work/headers"
-check_library mingw64 "$windowsXP" <<END
-pei-x86-64
-MajorOSystemVersion 4
-MinorOSystemVersion 0
-MajorSubsystemVersion 5
-MinorSubsystemVersion 2
-DllCharacteristics 00000160
-has resources
-END
-
-# Takes what is to be found, all of it, from standard input.
-check_driver() {
-  cat >"$work/wanted"
-  x86_64-w64-mingw32-objdump -p "$build/$1" >"$work/headers"
-  {
-    sed -n -E 's/.*file format //p
-      s/^(Major|Minor)SubsystemVersion\t/\1SubsystemVersion /p
-      s/^Subsystem\t+0+([0-9]+)\t.*/Subsystem \1/p
-      s/^DllCharacteristics\t/DllCharacteristics /p
-      s/^Entry 2 0*[1-9a-f].*/has resources/p
-      s/^Entry 5 0*[1-9a-f].*/can be moved/p' "$work/headers"
-    list_imports
-  } >"$work/found"
-  diff -u --label "$1, wanted" --label "$1, found" "$work/wanted" "$work/found" || touch "$work/failed"
-  # Windows loads no driver whose checksum is wrong: the sum of its 16-bit words, with the carries
-  # added and without the checksum itself, and its length.
-  checksum=$(sed -n 's/^CheckSum\t\t/0x/p' "$work/headers")
-  words=$(od -A n -v -t u2 "$build/$1" | awk -v sum=$(((checksum & 65535) + (checksum >> 16))) '
-    { for (i = 1; i <= NF; ++i) total += $i }
-    END { total -= sum; while (total > 65535) total = total % 65536 + int(total / 65536); print total }')
-  [ $((words + $(wc -c <"$build/$1"))) -eq $((checksum)) ] || echo "$checksum" | refuse "$1, checksum"
-}
-
-# Windows NT 4 has all of these.
+# Windows NT 4 has all of these; from 2000 on there is a better way to attach.
 windowsNT4="$(in_library ntoskrnl.exe ExAllocatePoolWithTag ExFreePool IoCreateDevice \
   IoCreateSymbolicLink IoDeleteDevice IoDeleteSymbolicLink IofCompleteRequest KeAttachProcess \
   KeDetachProcess KeInitializeMutex KeReleaseMutex KeWaitForSingleObject PsInitialSystemProcess \
-  SeAccessCheck SeSinglePrivilegeCheck ZwClose ZwMapViewOfSection ZwOpenSection \
+  SeAccessCheck SeFreePrivileges SeSinglePrivilegeCheck ZwClose ZwMapViewOfSection ZwOpenSection \
   ZwUnmapViewOfSection)"
+windows2000=$(echo "$windowsNT4" | sed 's/KeAttach/KeStackAttach/; s/KeDetach/KeUnstackDetach/')
 
-check_driver mingw32/drivers/PetrelNt.sys <<END
-pei-i386
-MajorSubsystemVersion 4
-MinorSubsystemVersion 0
-Subsystem 1
-DllCharacteristics 00000000
-has resources
-can be moved
-$windowsNT4
+check mingw32/drivers/PetrelNt.sys "$windowsNT4" <<END
+pei-i386 .4.0 subsystem 1.4.0 aligned 1000 200 00000000 Resource Base
+END
+check mingw32/drivers/Petrel.sys "$windows2000" <<END
+pei-i386 .4.0 subsystem 1.5.0 aligned 1000 200 00000000 Resource Base
+END
+check mingw64/drivers/Petrel.sys "$windows2000" <<END
+pei-x86-64 .4.0 subsystem 1.5.2 aligned 1000 200 00000100 Resource Base
 END
 
-check_driver mingw32/drivers/Petrel.sys <<END
-pei-i386
-MajorSubsystemVersion 5
-MinorSubsystemVersion 0
-Subsystem 1
-DllCharacteristics 00000000
-has resources
-can be moved
-$windowsNT4
-END
+# Windows loads no driver whose checksum is wrong: the sum of its 16-bit words, with the carries
+# added and without the checksum itself, and its length.
+for driver in mingw32/drivers/PetrelNt.sys mingw32/drivers/Petrel.sys mingw64/drivers/Petrel.sys; do
+  checksum=$(x86_64-w64-mingw32-objdump -p "$build/$driver" | sed -n 's/^CheckSum\t\t/0x/p')
+  words=$(od -A n -v -t u2 "$build/$driver" | awk -v sum=$(((checksum & 65535) + (checksum >> 16))) '
+    { for (i = 1; i <= NF; ++i) total += $i }
+    END { total -= sum; while (total > 65535) total = total % 65536 + int(total / 65536); print total }')
+  [ $((words + $(wc -c <"$build/$driver"))) -eq $((checksum)) ] || echo "$checksum" | refuse "$driver, checksum"
+done
 
-check_driver mingw64/drivers/Petrel.sys <<END
-pei-x86-64
-MajorSubsystemVersion 5
-MinorSubsystemVersion 2
-Subsystem 1
-DllCharacteristics 00000100
-has resources
-can be moved
-$windowsNT4
-END
+# scan FOLDER OPTIONS: the objects in a build folder. It has some.
+scan() {
+  find "$build/mingw32/$1" -name '*.obj' | grep . >"$work/objects" || {
+    echo "no objects in $1" >&2
+    exit 1
+  }
+  xargs i686-w64-mingw32-objdump "$2" --no-show-raw-insn <"$work/objects"
+}
 
-find "$build/mingw32/src" "$build/mingw32/drivers" -name '*.obj' \
-  -exec i686-w64-mingw32-objdump -d --no-show-raw-insn {} + |
-  grep -E '\b(f?cmov[a-z]+|fu?comip?|sysenter|nop[wl] .*\()|%[xy]?mm[0-7]' |
-  refuse "instructions that no Pentium has"
-
-find "$build/mingw32/src" -name '*.obj' -exec i686-w64-mingw32-objdump -h {} + |
-  grep -E '\.ctors|\.CRT|\.tls' | refuse "constructed at load, when there is no startup code"
+for folder in src drivers; do
+  scan "$folder" -d >"$work/code"
+  grep -qw ret "$work/code" || echo nothing | refuse "$folder, code"
+  grep -E '\b(f?cmov[a-z]+|fu?comip?|sysenter|nop[wl] .*\()|%[xy]?mm[0-7]' "$work/code" |
+    refuse "instructions that no Pentium has"
+done
+scan src -h | grep -E '\.ctors|\.CRT|\.tls' | refuse "constructed at load, when there is no startup code"
 
 [ ! -e "$work/failed" ]

@@ -3,13 +3,18 @@
      report FILE         the report into a file, and its length
      mif FILE            likewise the document
      service             the state and the file of the driver's service
-     device              what the driver answers, to a host that talks to it itself
+     device              whether the driver answers two handles as it should
+     descriptor          whom the driver's security descriptor lets in
+     skua                the driver's device as SKUA's, too, until the host ends
      hold                wait to be killed */
 #include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
 #include <windows.h>
+#include <winternl.h>
+
+#include "administrators_only.h"
 
 enum { kExportCount = 9, kTextSize = 1 << 20 };
 
@@ -96,44 +101,97 @@ static HANDLE OpenDevice(void) {
   return device;
 }
 
-/* Prints the error, or how many bytes came and the first of them. */
-static void Ask(HANDLE device, DWORD code, const char* input, DWORD inputLength,
-                DWORD outputLength) {
-  static unsigned char output[0x10000];
-  char copy[8] = {0};
-  DWORD count = 0;
-  memcpy(copy, input, inputLength);
-  memset(output, 0x5A, sizeof output);
-  if (DeviceIoControl(device, code, inputLength != 0 ? copy : NULL, inputLength,
-                      outputLength != 0 ? output : NULL, outputLength, &count, NULL)) {
-    printf("%lX: %lu bytes", code, count);
-  } else {
-    printf("%lX: error %lu", code, GetLastError());
+static const struct {
+  int Handle;
+  DWORD Code;
+  const char* Input;
+  DWORD InputLength;
+  DWORD OutputLength;
+  DWORD Error;
+  /* Of the output, 5A where nothing comes. */
+  char First;
+} requests[] = {
+    /* One refusal of each kind; which requests are refused is another test's business. */
+    {0, 0x222024, "", 0, 0, ERROR_INVALID_FUNCTION, 0x5A},
+    {0, 0x222018, "", 0, 0, ERROR_INVALID_USER_BUFFER, 0x5A},
+    {0, 0x222040, "", 0, 4, ERROR_INVALID_PARAMETER, 0x5A},
+    /* Crossing requests, for bytes of the anchor. */
+    {0, 0x222018, "\x32\x5A\x0F", 4, 0, 0, 0x5A},
+    {1, 0x222018, "\x31\x5A\x0F", 4, 0, 0, 0x5A},
+    {0, 0x222020, "\x04\0\0", 4, 0, 0, 0x5A},
+    {1, 0x222020, "\xFF\xFF\0", 4, 0, 0, 0x5A},
+    {1, 0x222040, "", 0, 65535, 0, 'S'},
+    {0, 0x222040, "", 0, 4, 0, 'M'}};
+
+static void TalkToDevice(void) {
+  HANDLE devices[] = {OpenDevice(), OpenDevice()};
+  for (size_t index = 0; index < sizeof requests / sizeof *requests; ++index) {
+    char input[4] = {0};
+    DWORD count = 0;
+    memcpy(input, requests[index].Input, requests[index].InputLength);
+    memset(text, 0x5A, 65535);
+    const BOOL done = DeviceIoControl(devices[requests[index].Handle], requests[index].Code, input,
+                                      requests[index].InputLength, text,
+                                      requests[index].OutputLength, &count, NULL);
+    const DWORD error = done ? 0 : GetLastError();
+    if (error != requests[index].Error || text[0] != requests[index].First ||
+        (done && count != requests[index].OutputLength)) {
+      printf("request %u: error %lu, %lu bytes, %02X\n", (unsigned)index, error, count, text[0]);
+      exit(1);
+    }
   }
-  printf(", %02X %02X\n", output[0], output[outputLength != 0 ? outputLength - 1 : 0]);
+  CloseHandle(devices[1]);
+  CloseHandle(devices[0]);
 }
 
-/* Two handles, whose requests cross. */
-static void TalkToDevice(void) {
-  HANDLE one = OpenDevice();
-  HANDLE two = OpenDevice();
-  Ask(one, 0x222024, "", 0, 0);
-  Ask(one, 0x222018, "\x00\x00\x0F", 3, 0);
-  Ask(one, 0x222040, "", 0, 4);
-  Ask(one, 0x222018, "\x00\x00\x0F\x00", 4, 0);
-  Ask(two, 0x222018, "\x00\x00\x0E\x00", 4, 0);
-  Ask(one, 0x222020, "\x00\x00\x01\x00", 4, 0);
-  Ask(one, 0x222018, "\x00\x00\x0F\x00", 4, 0);
-  Ask(one, 0x222020, "\x04\x00\x00\x00", 4, 0);
-  Ask(two, 0x222020, "\xFF\xFF\x00\x00", 4, 0);
-  Ask(two, 0x222040, "", 0, 0xFFFF);
-  Ask(one, 0x222040, "", 0, 4);
-  Ask(one, 0x222040, "", 0, 4);
-  Ask(one, 0x222018, "\xFF\xFF\xFF\xFF", 4, 0);
-  Ask(one, 0x222020, "\x02\x00\x00\x00", 4, 0);
-  Ask(one, 0x222040, "", 0, 2);
-  CloseHandle(two);
-  CloseHandle(one);
+/* Whether the holder of the token may read what is guarded. */
+static int MayRead(HANDLE token) {
+  GENERIC_MAPPING mapping = {FILE_GENERIC_READ, FILE_GENERIC_WRITE, FILE_GENERIC_EXECUTE,
+                             FILE_ALL_ACCESS};
+  PRIVILEGE_SET privileges;
+  DWORD size = sizeof privileges;
+  DWORD granted = 0;
+  BOOL status = FALSE;
+  HANDLE copy = NULL;
+  if (!DuplicateToken(token, SecurityImpersonation, &copy) ||
+      !AccessCheck(administratorsOnly, copy, FILE_READ_DATA, &mapping, &privileges, &size, &granted,
+                   &status)) {
+    Fail("access check");
+  }
+  CloseHandle(copy);
+  return status && granted == FILE_READ_DATA;
+}
+
+static void ShowDescriptor(void) {
+  static char storage[SECURITY_MAX_SID_SIZE];
+  DWORD size = sizeof storage;
+  SID_AND_ATTRIBUTES disabled = {storage, 0};
+  HANDLE own = NULL;
+  HANDLE other = NULL;
+  if (!OpenProcessToken(GetCurrentProcess(), TOKEN_ALL_ACCESS, &own) ||
+      !CreateWellKnownSid(WinBuiltinAdministratorsSid, NULL, storage, &size) ||
+      !CreateRestrictedToken(own, 0, 1, &disabled, 0, NULL, 0, NULL, &other)) {
+    Fail("tokens");
+  }
+  printf("descriptor valid %d, administrators %d, others %d\n",
+         IsValidSecurityDescriptor(administratorsOnly), MayRead(own), MayRead(other));
+}
+
+NTSTATUS NTAPI NtCreateSymbolicLinkObject(HANDLE* link, ACCESS_MASK access,
+                                          OBJECT_ATTRIBUTES* attributes, UNICODE_STRING* target);
+
+/* The stand-in for SKUA is the same driver, under the other name. */
+static void NameDeviceSkua(void) {
+  UNICODE_STRING name;
+  UNICODE_STRING target;
+  OBJECT_ATTRIBUTES attributes;
+  HANDLE link = NULL;
+  RtlInitUnicodeString(&name, L"\\??\\SKUA.VXD");
+  RtlInitUnicodeString(&target, L"\\Device\\Petrel");
+  InitializeObjectAttributes(&attributes, &name, OBJ_CASE_INSENSITIVE, NULL, NULL);
+  if (NtCreateSymbolicLinkObject(&link, STANDARD_RIGHTS_REQUIRED, &attributes, &target) != 0) {
+    Fail("no link");
+  }
 }
 
 int main(int argumentCount, char** arguments) {
@@ -158,6 +216,10 @@ int main(int argumentCount, char** arguments) {
       ShowService();
     } else if (strcmp(word, "device") == 0) {
       TalkToDevice();
+    } else if (strcmp(word, "descriptor") == 0) {
+      ShowDescriptor();
+    } else if (strcmp(word, "skua") == 0) {
+      NameDeviceSkua();
     } else if (strcmp(word, "hold") == 0) {
       printf("holds\n");
       fflush(stdout);

@@ -41,6 +41,8 @@ class Wine:
         self.environment = {
             "HOME": self.prefix,
             "PATH": os.environ["PATH"],
+            # Where Wine leaves the folder of its server.
+            "TMPDIR": self.prefix,
             "WINEDEBUG": "-all",
             "WINEDLLOVERRIDES": "mscoree,mshtml=;winemenubuilder.exe=",
             "WINEPREFIX": self.prefix,

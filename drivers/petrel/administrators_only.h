@@ -1,0 +1,8 @@
+#ifndef KESTREL_ADMINISTRATORS_ONLY_H
+#define KESTREL_ADMINISTRATORS_ONLY_H
+
+/* A self-relative security descriptor, owned by the administrators, who alone have access: all of
+   it that a file knows. Aligned as Windows wants it. */
+extern unsigned char administratorsOnly[];
+
+#endif
