@@ -1,99 +1,32 @@
 #include "firmware/access_driver.h"
 
+#include <array>
 #include <cctype>
 #include <gmock/gmock.h>
 #include <utility>
 
-#include "firmware/table_firmware.h"
-#include "kestrel.h"
 #include "tests/support/emulated_windows.h"
-#include "tests/support/tables.h"
 
 namespace kestrel {
 namespace {
 
+using testing::ElementsAre;
 using testing::IsEmpty;
 
-using Preparation = void (*)(EmulatedWindows&);
+constexpr DWORD kNever = EmulatedWindows::kNever;
 
-void Windows95(EmulatedWindows& windows) {
-  windows.PlatformId = 1;
-  windows.MajorVersion = 4;
-  windows.MinorVersion = 0;
-  windows.HasExtendedRecord = false;
-}
-
-void Windows98(EmulatedWindows& windows) {
-  windows.PlatformId = 1;
-  windows.MajorVersion = 4;
-  windows.MinorVersion = 10;
-  windows.HasExtendedRecord = false;
-}
-
-void WindowsNT4(EmulatedWindows& windows) {
-  windows.MajorVersion = 4;
-  windows.MinorVersion = 0;
-}
-
-void WindowsXP(EmulatedWindows& /*windows*/) {}
-
-void WindowsVista(EmulatedWindows& windows) { windows.MajorVersion = 6; }
-
-void Win32s(EmulatedWindows& windows) { windows.PlatformId = 0; }
-
-void LeftRunning(EmulatedWindows& windows) {
-  windows.Services["Petrel"] = {R"(D:\Other\Petrel.sys)", SERVICE_RUNNING};
-}
-
-void LeftStopped(EmulatedWindows& windows) {
-  windows.Services["Petrel"] = {R"(D:\Other\Petrel.sys)", SERVICE_STOPPED};
-}
-
-void LeftRunningAndRefusingOnceStopped(EmulatedWindows& windows) {
-  LeftRunning(windows);
-  windows.StoppedServicesAnswer = false;
-}
-
-void StuckInStopping(EmulatedWindows& windows) {
-  LeftRunning(windows);
-  windows.MillisecondsToStop = EmulatedWindows::kNever;
-}
-
-void StoppingForTenSeconds(EmulatedWindows& windows) {
-  LeftRunning(windows);
-  windows.MillisecondsToStop = 10000;
-}
-
-void StartingForTenSeconds(EmulatedWindows& windows) { windows.MillisecondsToStart = 10000; }
-
-void NeverStarting(EmulatedWindows& windows) {
-  windows.MillisecondsToStart = EmulatedWindows::kNever;
-}
-
-// How a host that opens, reads and closes fared: 'r' it read, 'o' it opened but read nothing, 'x'
-// it did not open; a capital letter when a service is left.
-char RunHost(EmulatedWindows& windows) {
-  const Bytes table = {0x7F, 4, 0, 0, 0, 0};
-  windows.Memory.Map(0xF0000, MakeEntryPoint({2, 3}, 0xFFFF0000, 6, table));
-  windows.Memory.Map(0xFFFF0000, table);
-  const bool opened = OpenSMBios() == 1;
-  const bool read = ReadSMObjects() == 1;
-  EXPECT_TRUE(opened || !read);
-  EXPECT_EQ(CloseSMBios(), 1);
-  EXPECT_EQ(CloseSMBios(), 0);
-  EXPECT_THAT(windows.OpenHandles, IsEmpty());
-  EXPECT_THAT(windows.Mistakes, IsEmpty());
-  const char outcome = read ? 'r' : opened ? 'o' : 'x';
-  return windows.Services.empty() ? outcome : static_cast<char>(std::toupper(outcome));
-}
-
-std::string JoinLines(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) {
-    text += line + "\n";
-  }
-  return text;
-}
+constexpr WindowsSetup kWindows95 = {
+    .PlatformId = 1, .MajorVersion = 4, .MinorVersion = 0, .HasExtendedRecord = false};
+constexpr WindowsSetup kWindows98 = {
+    .PlatformId = 1, .MajorVersion = 4, .MinorVersion = 10, .HasExtendedRecord = false};
+constexpr WindowsSetup kNT4 = {.MajorVersion = 4, .MinorVersion = 0};
+constexpr WindowsSetup kXP = {};
+constexpr WindowsSetup kVista = {.MajorVersion = 6};
+constexpr WindowsSetup kLeftStopped = {.ServiceState = SERVICE_STOPPED};
+constexpr WindowsSetup kLeftRunning = {.ServiceState = SERVICE_RUNNING};
+constexpr WindowsSetup kRefusingOnceStopped = {.ServiceState = SERVICE_RUNNING,
+                                               .StoppedServiceAnswers = false};
+constexpr WindowsSetup kStuckInStarting = {.ServiceState = 2};
 
 TEST(AccessDriverTest, DetectsThePlatform) {
   const struct {
@@ -118,22 +51,19 @@ TEST(AccessDriverTest, DetectsThePlatform) {
   };
   for (const auto& test : cases) {
     for (const bool extended : {true, false}) {
-      EmulatedWindows windows;
-      windows.PlatformId = test.PlatformId;
-      windows.MajorVersion = test.Major;
-      windows.MinorVersion = test.Minor;
-      windows.HasExtendedRecord = extended;
+      EmulatedWindows windows({test.PlatformId, test.Major, test.Minor, extended});
       AccessDriver driver;
       driver.Open();
-      EXPECT_EQ(driver.GetOsPlatform(), test.Expected)
-          << test.PlatformId << ": " << test.Major << "." << test.Minor;
+      EXPECT_EQ(driver.GetOsPlatform(), test.Expected) << &test - cases;
     }
   }
 }
 
 TEST(AccessDriverTest, MakesItsCallsInOrder) {
   const std::string detect = "GetVersionExA(9C)\n";
-  const std::string virtualDevice = R"(CreateFileA("\\.\SKUA.VXD", 0, 0, 0, 1, 4000000, 0)
+  const std::string virtualDevice = R"(GetVersionExA(9C)
+GetVersionExA(94)
+CreateFileA("\\.\SKUA.VXD", 0, 0, 0, 1, 4000000, 0)
 CloseHandle(1)
 )";
   const std::string find = R"(GetVersionExA(9C)
@@ -141,15 +71,11 @@ GetModuleFileNameA(0, 104)
 OpenSCManagerA(0, 0, F003F)
 OpenServiceA(1, "Petrel", F01FF)
 )";
-  const auto create = [](const std::string& path) {
-    return R"(CreateServiceA(1, "Petrel", "Petrel", F01FF, 1, 2, 1, ")" + path +
-           "\", 0, 0, 0, 0, 0)\n";
-  };
+  const std::string create = R"(CreateServiceA(1, "Petrel", "Petrel", F01FF, 1, 2, 1, "C:\Host\)";
   const std::string interrogate = "ControlService(2, 4)\n";
   const std::string stop = "ControlService(2, 1)\nSleep(3E8)\nControlService(2, 4)\n";
-  const std::string startAndRemove = R"(CloseServiceHandle(2)
-CloseServiceHandle(1)
-OpenSCManagerA(0, 0, F003F)
+  const std::string close = "CloseServiceHandle(2)\nCloseServiceHandle(1)\n";
+  const std::string start = R"(OpenSCManagerA(0, 0, F003F)
 OpenServiceA(3, "Petrel", F01FF)
 StartServiceA(4, 0, 0)
 Sleep(3E8)
@@ -157,34 +83,43 @@ ControlService(4, 4)
 CloseServiceHandle(4)
 CloseServiceHandle(3)
 CreateFileA("\\.\Petrel", C0000000, 3, 0, 3, 80, 0)
-CloseHandle(5)
-OpenSCManagerA(0, 0, F003F)
-OpenServiceA(6, "Petrel", F01FF)
+)";
+  const std::string remove = R"(OpenServiceA(6, "Petrel", F01FF)
 ControlService(7, 1)
 DeleteService(7)
 CloseServiceHandle(7)
 CloseServiceHandle(6)
 )";
+  const std::string run = close + start + "CloseHandle(5)\nOpenSCManagerA(0, 0, F003F)\n" + remove;
   const struct {
-    Preparation Machine;
+    WindowsSetup Setup;
     std::string Calls;
   } cases[] = {
-      {Windows95, detect + "GetVersionExA(94)\n" + virtualDevice},
-      {Windows98, detect + "GetVersionExA(94)\n" + virtualDevice},
-      {WindowsNT4, find + create(R"(C:\Host\PetrelNt.sys)") + startAndRemove},
-      {WindowsXP, find + create(R"(C:\Host\Petrel.sys)") + startAndRemove},
-      {LeftStopped, find + interrogate + startAndRemove},
-      {LeftRunning, find + interrogate + stop + startAndRemove},
-      {LeftRunningAndRefusingOnceStopped, find + interrogate + stop + startAndRemove},
-      {WindowsVista, detect},
-      {Win32s, detect},
+      {kWindows95, virtualDevice},
+      {kWindows98, virtualDevice},
+      {kNT4, find + create + "PetrelNt.sys\", 0, 0, 0, 0, 0)\n" + run},
+      {kXP, find + create + "Petrel.sys\", 0, 0, 0, 0, 0)\n" + run},
+      {kLeftStopped, find + interrogate + run},
+      {kLeftRunning, find + interrogate + stop + run},
+      {kRefusingOnceStopped, find + interrogate + stop + run},
+      // A service that cannot be stopped is left, and Close removes it.
+      {kStuckInStarting, find + interrogate + "ControlService(2, 1)\n" + close +
+                             R"(OpenSCManagerA(0, 0, F003F)
+OpenServiceA(3, "Petrel", F01FF)
+ControlService(4, 1)
+DeleteService(4)
+CloseServiceHandle(4)
+CloseServiceHandle(3)
+)"},
+      {kVista, detect},
+      {{.PlatformId = 0}, detect},
   };
   for (const auto& test : cases) {
-    EmulatedWindows windows;
-    test.Machine(windows);
-    EXPECT_EQ(OpenSMBios(), test.Calls == detect ? 0 : 1);
-    EXPECT_EQ(CloseSMBios(), 1);
-    EXPECT_EQ(JoinLines(windows.Calls), test.Calls);
+    EmulatedWindows windows(test.Setup);
+    AccessDriver driver;
+    driver.Open();
+    EXPECT_EQ(driver.Close(), 1);
+    EXPECT_EQ(windows.CallsFrom(0), test.Calls);
   }
 }
 
@@ -207,40 +142,53 @@ TEST(AccessDriverTest, FindsTheDriverBesideTheHost) {
   for (const auto& test : cases) {
     EmulatedWindows windows;
     windows.ModulePath = test.Host;
-    EXPECT_EQ(OpenSMBios(), test.Driver.empty() ? 0 : 1) << test.Host;
-    EXPECT_EQ(windows.Services.empty(), test.Driver.empty());
-    EXPECT_EQ(windows.Services["Petrel"].BinaryPath, test.Driver);
-    CloseSMBios();
+    EXPECT_EQ(AccessDriver().Open(), test.Driver.empty() ? 0 : 1) << test.Host;
+    EXPECT_EQ(windows.BinaryPath, test.Driver);
   }
 }
 
+// How a host that opens, reads and closes fares: 'r' it reads, 'o' it opens but reads nothing, 'x'
+// it does not open; a capital letter when a service is left.
+char RunHost(EmulatedWindows& windows) {
+  AccessDriver driver;
+  std::array<std::uint8_t, 4> buffer{};
+  const bool opened = driver.Open() == 1;
+  const bool read = driver.ReadPhysical(0, buffer) == 4;
+  driver.Close();
+  EXPECT_THAT(windows.OpenHandles, IsEmpty());
+  EXPECT_THAT(windows.Mistakes, IsEmpty());
+  const char outcome = read ? 'r' : opened ? 'o' : 'x';
+  return windows.Setup.ServiceState == 0 ? outcome : static_cast<char>(std::toupper(outcome));
+}
+
 TEST(AccessDriverTest, EndsCleanWhicheverCallFails) {
-  const std::string load = "xxxrrrrx";
-  // The second of three reads may fail: the first has all of the entry point, too.
-  const std::string read = "ooorrrooo";
+  const std::string loadAndRead = "xxxrrrrxooo";
   const std::string close = "rRRrRrr";
   const struct {
-    Preparation Machine;
+    WindowsSetup Setup;
     DWORD Milliseconds;
     // How the host fares when this call of its run fails, for each call.
     std::string Outcomes;
   } cases[] = {
-      {Windows95, 0, "rxx" + read + "r"},
-      {Windows98, 0, "rxx" + read + "r"},
-      {WindowsNT4, 1000, "rxxrxrr" + load + read + close},
-      {WindowsXP, 1000, "rxxrxrr" + load + read + close},
-      {LeftStopped, 1000, "rxxxrrr" + load + read + close},
-      {LeftRunning, 2000, "rxxxxxrrrr" + load + read + close},
-      {StoppingForTenSeconds, 11000, "rxxxxxrrrrrrrrrrrrrrrrrrrxrr" + load + read + close},
-      {StartingForTenSeconds, 10000, "rxxrxrrxxxrrrrrrrrrrrrrrrrrrrxrrx" + read + close},
-      {StuckInStopping, 10000, std::string(37, 'x')},
-      {NeverStarting, 10000, std::string(44, 'x')},
+      {kWindows95, 0, "rxxooor"},
+      {kWindows98, 0, "rxxooor"},
+      {kNT4, 1000, "rxxrxrr" + loadAndRead + close},
+      {kXP, 1000, "rxxrxrr" + loadAndRead + close},
+      {kLeftStopped, 1000, "rxxxrrr" + loadAndRead + close},
+      {kLeftRunning, 2000, "rxxxxxrrrr" + loadAndRead + close},
+      {{.ServiceState = SERVICE_RUNNING, .MillisecondsToStop = 10000},
+       11000,
+       "rxxxxxrrrrrrrrrrrrrrrrrrrxrr" + loadAndRead + close},
+      {{.MillisecondsToStart = 10000}, 10000, "rxxrxrrxxxrrrrrrrrrrrrrrrrrrrxrrxooo" + close},
+      {{.ServiceState = SERVICE_RUNNING, .MillisecondsToStop = kNever},
+       10000,
+       std::string(28, 'x') + "XXxXxx"},
+      {{.MillisecondsToStart = kNever}, 10000, std::string(41, 'x')},
   };
   for (const auto& test : cases) {
     std::string outcomes;
     for (std::size_t failing = 0;; ++failing) {
-      EmulatedWindows windows;
-      test.Machine(windows);
+      EmulatedWindows windows(test.Setup);
       windows.FailingCall = failing;
       const char outcome = RunHost(windows);
       if (windows.Calls.size() == failing) {
@@ -264,83 +212,60 @@ DeleteService(6)
 CloseServiceHandle(6)
 CloseServiceHandle(5)
 )";
-  const struct {
-    Preparation Machine;
-    std::size_t FailingCall;
-    // That one and those behind it.
-    std::string Calls;
-  } cases[] = {
-      {LeftRunning, 5, "ControlService(2, 1)\nCloseServiceHandle(2)\nCloseServiceHandle(1)\n"},
-      {WindowsXP, 7, "OpenSCManagerA(0, 0, F003F)\n"},
-      {WindowsXP, 8, "OpenServiceA(3, \"Petrel\", F01FF)\nCloseServiceHandle(3)\n"},
-      {WindowsXP, 9,
-       "StartServiceA(4, 0, 0)\nCloseServiceHandle(4)\nCloseServiceHandle(3)\n" + remove},
-      {WindowsXP, 14, "CreateFileA(\"\\\\.\\Petrel\", C0000000, 3, 0, 3, 80, 0)\n" + remove},
+  const std::pair<std::size_t, std::string> cases[] = {
+      {7, "OpenSCManagerA(0, 0, F003F)\n"},
+      {8, "OpenServiceA(3, \"Petrel\", F01FF)\nCloseServiceHandle(3)\n"},
+      {9, "StartServiceA(4, 0, 0)\nCloseServiceHandle(4)\nCloseServiceHandle(3)\n" + remove},
+      {14, "CreateFileA(\"\\\\.\\Petrel\", C0000000, 3, 0, 3, 80, 0)\n" + remove},
   };
-  for (const auto& test : cases) {
+  for (const auto& [failing, calls] : cases) {
     EmulatedWindows windows;
-    test.Machine(windows);
-    windows.FailingCall = test.FailingCall;
+    windows.FailingCall = failing;
     EXPECT_EQ(AccessDriver().Open(), 0);
-    windows.Calls.erase(windows.Calls.begin(),
-                        windows.Calls.begin() + static_cast<std::ptrdiff_t>(test.FailingCall));
-    EXPECT_EQ(JoinLines(windows.Calls), test.Calls);
+    EXPECT_EQ(windows.CallsFrom(failing), calls);
   }
 }
 
-TEST(AccessDriverTest, StopsAServiceThatIsStarting) {
-  EmulatedWindows windows;
-  LeftRunning(windows);
-  windows.Services["Petrel"].State = 2;
-  EXPECT_EQ(AccessDriver().Open(), 0);
-  EXPECT_EQ(windows.Calls.at(5), "ControlService(2, 1)");
-}
-
-TEST(AccessDriverTest, TellsHowClosingWent) {
+TEST(AccessDriverTest, ReturnsHowClosingWent) {
   const struct {
-    Preparation Machine;
-    int First;
-    int Second;
-  } cases[] = {
-      {Windows95, 1, 0},
-      {WindowsXP, 1, 0},
-      {WindowsVista, 1, 1},
-  };
+    WindowsSetup Setup;
+    // When this call of Close fails, for each call; then when none does, and when it is closed.
+    std::string Results;
+  } cases[] = {{kWindows95, "010"}, {kXP, "100111110"}, {kVista, "11"}};
   for (const auto& test : cases) {
-    EmulatedWindows windows;
-    test.Machine(windows);
-    AccessDriver driver;
-    EXPECT_EQ(driver.Close(), 1);
-    driver.Open();
-    EXPECT_EQ(driver.Close(), test.First);
-    EXPECT_EQ(driver.Close(), test.Second);
-    EXPECT_THAT(windows.Mistakes, IsEmpty());
+    std::string results;
+    for (std::size_t failing = 0; results.size() + 1 < test.Results.size(); ++failing) {
+      EmulatedWindows windows(test.Setup);
+      AccessDriver driver;
+      EXPECT_EQ(driver.Close(), 1);
+      driver.Open();
+      windows.FailingCall = windows.Calls.size() + failing;
+      results += std::to_string(driver.Close());
+      if (results.size() + 1 == test.Results.size()) {
+        results += std::to_string(driver.Close());
+      }
+    }
+    EXPECT_EQ(results, test.Results);
   }
 }
 
-TEST(AccessDriverTest, DoesNotLookAtHowStoppingAndDeletingWent) {
-  for (const std::size_t callOfClose : {std::size_t{3}, std::size_t{4}}) {
-    EmulatedWindows windows;
-    AccessDriver driver;
-    ASSERT_EQ(driver.Open(), 1);
-    windows.FailingCall = windows.Calls.size() + callOfClose;
-    EXPECT_EQ(driver.Close(), 1);
-    EXPECT_EQ(windows.Calls.size(), *windows.FailingCall + (7 - callOfClose));
-  }
+TEST(AccessDriverTest, LeavesTheDeviceToClose) {
+  EmulatedWindows windows;
+  { ASSERT_EQ(AccessDriver().Open(), 1); }
+  EXPECT_THAT(windows.OpenHandles, ElementsAre(std::pair(5, 'd')));
 }
 
 TEST(AccessDriverTest, SendsThreeRequestsForARead) {
   EmulatedWindows windows;
-  windows.Memory.Map(0xFFFFFFF0, {1, 2, 3, 4, 5, 6, 7, 8});
   AccessDriver driver;
-  Bytes buffer(4);
+  std::array<std::uint8_t, 4> buffer{};
   EXPECT_EQ(driver.ReadPhysical(0xFFFFFFF0, buffer), 0);
   EXPECT_THAT(windows.Calls, IsEmpty());
   ASSERT_EQ(driver.Open(), 1);
-  windows.Calls.clear();
+  const std::size_t first = windows.Calls.size();
   EXPECT_EQ(driver.ReadPhysical(0xFFFFFFF0, buffer), 4);
-  EXPECT_EQ(buffer, Bytes({1, 2, 3, 4}));
-  EXPECT_EQ(JoinLines(windows.Calls), R"(DeviceIoControl(5, 222018, FFFFFFF0, 4, 0, 0, 0)
+  EXPECT_THAT(buffer, ElementsAre(0xF0, 0xF1, 0xF2, 0xF3));
+  EXPECT_EQ(windows.CallsFrom(first), R"(DeviceIoControl(5, 222018, FFFFFFF0, 4, 0, 0, 0)
 DeviceIoControl(5, 222020, 4, 4, 0, 0, 0)
 DeviceIoControl(5, 222040, 0, 0, "buffer", 4, 0)
 )");
@@ -349,11 +274,10 @@ DeviceIoControl(5, 222040, 0, 0, "buffer", 4, 0)
     windows.ReportedBytes = reported;
     EXPECT_EQ(driver.ReadPhysical(0xFFFFFFF0, buffer), result);
   }
-  for (std::size_t failing = 0; failing < 3; ++failing) {
-    windows.Calls.clear();
-    windows.FailingCall = failing;
+  for (std::size_t failing = 1; failing <= 3; ++failing) {
+    windows.FailingCall = windows.Calls.size() + failing - 1;
     EXPECT_EQ(driver.ReadPhysical(0xFFFFFFF0, buffer), 0);
-    EXPECT_EQ(windows.Calls.size(), failing + 1);
+    EXPECT_EQ(windows.Calls.size(), *windows.FailingCall + 1);
   }
 }
 

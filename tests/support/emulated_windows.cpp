@@ -2,123 +2,115 @@
 
 #include <algorithm>
 #include <span>
-#include <utility>
 
 #include "model/text.h"
 
-namespace kestrel {
-
 namespace {
+
+using kestrel::EmulatedWindows;
 
 EmulatedWindows* machine = nullptr;
 
 constexpr DWORD kStartPending = 2;
 constexpr DWORD kStopPending = 3;
 
-std::uintptr_t NumberOf(const void* handle) { return reinterpret_cast<std::uintptr_t>(handle); }
+// Kinds of handles.
+constexpr char kManager = 'm';
+constexpr char kService = 's';
+constexpr char kDevice = 'd';
 
-std::string Text(std::uintptr_t number) { return std::string(Hex(number, 1)); }
-std::string Text(const void* handle) { return Text(NumberOf(handle)); }
+std::string Text(std::uintptr_t number) { return std::string(kestrel::Hex(number, 1)); }
+std::string Text(const void* handle) { return Text(reinterpret_cast<std::uintptr_t>(handle)); }
 std::string Text(const char* text) {
   std::string quoted;
-  Append(quoted, text != nullptr ? Pieces{"\"", text, "\""} : Pieces{"0"});
+  kestrel::Append(quoted,
+                  text != nullptr ? kestrel::Pieces{"\"", text, "\""} : kestrel::Pieces{"0"});
   return quoted;
 }
 
-// A call as it is recorded.
+// Records a call. False when it is the one that fails.
 template <typename... Arguments>
-std::string Call(const char* name, Arguments... arguments) {
+bool Begin(const char* name, Arguments... arguments) {
   std::string call = name;
   const char* separator = "(";
-  ((Append(call, {separator, Text(arguments)}), separator = ", "), ...);
-  return call + ")";
+  ((call.append(separator).append(Text(arguments)), separator = ", "), ...);
+  machine->Calls.push_back(call + ")");
+  return machine->FailingCall != machine->Calls.size() - 1;
+}
+
+void Require(bool condition, const char* mistake) {
+  if (!condition) {
+    machine->Mistakes.push_back(mistake + (": " + machine->Calls.back()));
+  }
 }
 
 template <typename Handle>
-Handle HandleOf(std::uintptr_t number) {
-  return reinterpret_cast<Handle>(number);  // NOLINT(performance-no-int-to-ptr): as Windows does.
+Handle Open(char kind) {
+  machine->OpenHandles.emplace(++machine->LastHandle, kind);
+  return reinterpret_cast<Handle>(machine->LastHandle);  // NOLINT(performance-no-int-to-ptr)
+}
+
+bool IsOpen(const void* handle, char kind) {
+  const auto found = machine->OpenHandles.find(reinterpret_cast<std::uintptr_t>(handle));
+  const bool isOpen = found != machine->OpenHandles.end() && found->second == kind;
+  Require(isOpen, "wrong handle");
+  return isOpen;
+}
+
+void Close(const void* handle) {
+  machine->OpenHandles.erase(reinterpret_cast<std::uintptr_t>(handle));
+}
+
+// The state of the service as of now, or 0.
+DWORD& ServiceState() {
+  DWORD& state = machine->Setup.ServiceState;
+  if (machine->Due <= machine->Clock) {
+    state = state == kStartPending ? SERVICE_RUNNING : SERVICE_STOPPED;
+    machine->Due = EmulatedWindows::kNever;
+  }
+  return state;
+}
+
+void ChangeService(DWORD pendingState, DWORD milliseconds) {
+  machine->Setup.ServiceState = pendingState;
+  machine->Due = machine->Clock + milliseconds;
 }
 
 }  // namespace
 
-EmulatedWindows::EmulatedWindows() { machine = this; }
+namespace kestrel {
+
+EmulatedWindows::EmulatedWindows(const WindowsSetup& setup) : Setup(setup) { machine = this; }
 
 EmulatedWindows::~EmulatedWindows() { machine = nullptr; }
 
-bool EmulatedWindows::Begin(std::string call) {
-  Calls.push_back(std::move(call));
-  return FailingCall != Calls.size() - 1;
-}
-
-std::uintptr_t EmulatedWindows::Open(Object object) {
-  OpenHandles.emplace(++LastHandle, std::move(object));
-  return LastHandle;
-}
-
-EmulatedWindows::Object* EmulatedWindows::Find(const void* handle, Object::Kind type) {
-  const auto found = OpenHandles.find(NumberOf(handle));
-  if (found == OpenHandles.end() || found->second.Type != type) {
-    Mistakes.push_back("wrong handle: " + Calls.back());
-    return nullptr;
+std::string EmulatedWindows::CallsFrom(std::size_t first) const {
+  std::string text;
+  for (const std::string& call : std::span(Calls).subspan(first)) {
+    text += call + "\n";
   }
-  return &found->second;
-}
-
-void EmulatedWindows::Close(const void* handle, bool isDevice) {
-  const auto found = OpenHandles.find(NumberOf(handle));
-  if (found == OpenHandles.end() || (found->second.Type == Object::Kind::Device) != isDevice) {
-    Mistakes.push_back("wrong handle: " + Calls.back());
-    return;
-  }
-  OpenHandles.erase(found);
-}
-
-EmulatedWindows::Service* EmulatedWindows::FindService(const std::string& name) {
-  const auto found = Services.find(name);
-  if (found == Services.end()) {
-    return nullptr;
-  }
-  Service& service = found->second;
-  if (service.Due <= Clock) {
-    service.State = service.State == kStartPending ? SERVICE_RUNNING : SERVICE_STOPPED;
-    service.Due = kNever;
-  }
-  return &service;
-}
-
-EmulatedWindows::Service* EmulatedWindows::FindService(const void* handle) {
-  const Object* object = Find(handle, Object::Kind::Service);
-  return object != nullptr ? FindService(object->Name) : nullptr;
+  return text;
 }
 
 }  // namespace kestrel
 
-using kestrel::Call;
-using kestrel::EmulatedWindows;
-using kestrel::HandleOf;
-using kestrel::machine;
-using Object = EmulatedWindows::Object;
-
 BOOL GetVersionExA(OSVERSIONINFOA* version) {
   const DWORD size = version->dwOSVersionInfoSize;
-  if (!machine->Begin(Call("GetVersionExA", size)) ||
-      (size != sizeof(OSVERSIONINFOA) &&
-       !(size == sizeof(OSVERSIONINFOEXA) && machine->HasExtendedRecord))) {
+  const bool isKnown = size == 148 || (size == 156 && machine->Setup.HasExtendedRecord);
+  if (!Begin("GetVersionExA", size) || !isKnown) {
     return FALSE;
   }
   const std::span record(reinterpret_cast<const BYTE*>(version), size);
-  if (std::any_of(record.begin() + sizeof(size), record.end(),
-                  [](BYTE byte) { return byte != 0; })) {
-    machine->Mistakes.push_back("record not cleared: " + machine->Calls.back());
-  }
-  version->dwPlatformId = machine->PlatformId;
-  version->dwMajorVersion = machine->MajorVersion;
-  version->dwMinorVersion = machine->MinorVersion;
+  Require(std::ranges::none_of(record.subspan(sizeof(size)), [](BYTE byte) { return byte != 0; }),
+          "record not cleared");
+  version->dwPlatformId = machine->Setup.PlatformId;
+  version->dwMajorVersion = machine->Setup.MajorVersion;
+  version->dwMinorVersion = machine->Setup.MinorVersion;
   return TRUE;
 }
 
 DWORD GetModuleFileNameA(HMODULE module, LPSTR path, DWORD size) {
-  if (!machine->Begin(Call("GetModuleFileNameA", module, size))) {
+  if (!Begin("GetModuleFileNameA", module, size)) {
     return 0;
   }
   // A path that does not fit is cut, without a terminating zero.
@@ -131,128 +123,117 @@ DWORD GetModuleFileNameA(HMODULE module, LPSTR path, DWORD size) {
 
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPVOID security, DWORD disposition,
                    DWORD flags, HANDLE templateFile) {
-  if (!machine->Begin(
-          Call("CreateFileA", path, access, share, security, disposition, flags, templateFile))) {
-    return INVALID_HANDLE_VALUE;
-  }
-  const std::string device = path;
-  const EmulatedWindows::Service* petrel = machine->FindService(std::string("Petrel"));
+  const bool succeeds =
+      Begin("CreateFileA", path, access, share, security, disposition, flags, templateFile);
   const bool isThere =
-      machine->PlatformId == VER_PLATFORM_WIN32_WINDOWS
-          ? device == R"(\\.\SKUA.VXD)"
-          : device == R"(\\.\Petrel)" && petrel != nullptr && petrel->State == SERVICE_RUNNING;
-  return isThere ? HandleOf<HANDLE>(machine->Open({Object::Kind::Device})) : INVALID_HANDLE_VALUE;
+      machine->Setup.PlatformId == VER_PLATFORM_WIN32_WINDOWS
+          ? std::string(path) == R"(\\.\SKUA.VXD)"
+          : std::string(path) == R"(\\.\Petrel)" && ServiceState() == SERVICE_RUNNING;
+  return succeeds && isThere ? Open<HANDLE>(kDevice) : INVALID_HANDLE_VALUE;
 }
 
+// Memory has the lowest byte of its address everywhere.
 BOOL DeviceIoControl(HANDLE device, DWORD code, LPVOID input, DWORD inputSize, LPVOID output,
                      DWORD outputSize, LPDWORD bytesReturned, LPVOID overlapped) {
   const DWORD number = input != nullptr ? *static_cast<const DWORD*>(input) : 0;
   const char* buffer = output != nullptr ? "buffer" : nullptr;
-  if (!machine->Begin(Call("DeviceIoControl", device, code, number, inputSize, buffer, outputSize,
-                           overlapped))) {
+  if (!Begin("DeviceIoControl", device, code, number, inputSize, buffer, outputSize, overlapped) ||
+      !IsOpen(device, kDevice)) {
     return FALSE;
   }
-  Object* driver = machine->Find(device, Object::Kind::Device);
-  if (driver == nullptr) {
-    return FALSE;
-  }
+  *bytesReturned = 0;
   switch (code) {
     case 0x222018:
-      driver->Address = number;
-      *bytesReturned = 0;
-      return inputSize == 4 && outputSize == 0 ? TRUE : FALSE;
+      machine->Address = number;
+      return inputSize == 4 && outputSize == 0;
     case 0x222020:
-      driver->Length = number;
-      *bytesReturned = 0;
-      return inputSize == 4 && outputSize == 0 ? TRUE : FALSE;
+      machine->Length = number;
+      return inputSize == 4 && outputSize == 0;
     case 0x222040:
-      *bytesReturned = machine->Memory.Read(driver->Address,
-                                            std::span(static_cast<BYTE*>(output), driver->Length));
-      *bytesReturned = machine->ReportedBytes.value_or(*bytesReturned);
-      return inputSize == 0 && outputSize == driver->Length ? TRUE : FALSE;
+      for (BYTE& byte : std::span(static_cast<BYTE*>(output), outputSize)) {
+        byte = static_cast<BYTE>(machine->Address++);
+      }
+      *bytesReturned = machine->ReportedBytes.value_or(outputSize);
+      return inputSize == 0 && outputSize == machine->Length;
     default:
       return FALSE;
   }
 }
 
 BOOL CloseHandle(HANDLE handle) {
-  const bool succeeds = machine->Begin(Call("CloseHandle", handle));
-  machine->Close(handle, true);
-  return succeeds ? TRUE : FALSE;
+  const bool succeeds = Begin("CloseHandle", handle);
+  IsOpen(handle, kDevice);
+  Close(handle);
+  return succeeds;
 }
 
 void Sleep(DWORD milliseconds) {
-  machine->Begin(Call("Sleep", milliseconds));
+  Begin("Sleep", milliseconds);
   machine->Clock += milliseconds;
 }
 
 SC_HANDLE OpenSCManagerA(LPCSTR machineName, LPCSTR database, DWORD access) {
-  const bool succeeds = machine->Begin(Call("OpenSCManagerA", machineName, database, access));
-  return succeeds && machine->PlatformId == VER_PLATFORM_WIN32_NT
-             ? HandleOf<SC_HANDLE>(machine->Open({Object::Kind::Manager}))
-             : nullptr;
+  return Begin("OpenSCManagerA", machineName, database, access) ? Open<SC_HANDLE>(kManager)
+                                                                : nullptr;
 }
 
 SC_HANDLE OpenServiceA(SC_HANDLE manager, LPCSTR name, DWORD access) {
-  const bool succeeds = machine->Begin(Call("OpenServiceA", manager, name, access));
-  return machine->Find(manager, Object::Kind::Manager) != nullptr && succeeds &&
-                 machine->Services.contains(name)
-             ? HandleOf<SC_HANDLE>(machine->Open({Object::Kind::Service, name}))
-             : nullptr;
+  const bool succeeds = Begin("OpenServiceA", manager, name, access);
+  return IsOpen(manager, kManager) && succeeds && ServiceState() != 0 ? Open<SC_HANDLE>(kService)
+                                                                      : nullptr;
 }
 
 SC_HANDLE CreateServiceA(SC_HANDLE manager, LPCSTR name, LPCSTR displayName, DWORD access,
                          DWORD type, DWORD startType, DWORD errorControl, LPCSTR binaryPath,
                          LPCSTR loadOrderGroup, LPDWORD tag, LPCSTR dependencies, LPCSTR account,
                          LPCSTR password) {
-  const bool succeeds = machine->Begin(Call(
-      "CreateServiceA", manager, name, displayName, access, type, startType, errorControl,
-      binaryPath, loadOrderGroup, static_cast<const void*>(tag), dependencies, account, password));
-  if (machine->Find(manager, Object::Kind::Manager) == nullptr || !succeeds ||
-      machine->Services.contains(name)) {
+  const void* group = tag;
+  if (!Begin("CreateServiceA", manager, name, displayName, access, type, startType, errorControl,
+             binaryPath, loadOrderGroup, group, dependencies, account, password) ||
+      !IsOpen(manager, kManager) || ServiceState() != 0) {
     return nullptr;
   }
-  machine->Services[name].BinaryPath = binaryPath;
-  return HandleOf<SC_HANDLE>(machine->Open({Object::Kind::Service, name}));
+  machine->BinaryPath = binaryPath;
+  ServiceState() = SERVICE_STOPPED;
+  return Open<SC_HANDLE>(kService);
 }
 
 BOOL StartServiceA(SC_HANDLE service, DWORD argumentCount, LPCSTR* arguments) {
-  const bool succeeds = machine->Begin(
-      Call("StartServiceA", service, argumentCount, static_cast<const void*>(arguments)));
-  EmulatedWindows::Service* entry = machine->FindService(service);
-  if (!succeeds || entry == nullptr || entry->State != SERVICE_STOPPED) {
+  const void* texts = arguments;
+  if (!Begin("StartServiceA", service, argumentCount, texts) || !IsOpen(service, kService) ||
+      ServiceState() != SERVICE_STOPPED) {
     return FALSE;
   }
-  entry->State = kestrel::kStartPending;
-  entry->Due = machine->Clock + machine->MillisecondsToStart;
+  ChangeService(kStartPending, machine->Setup.MillisecondsToStart);
   return TRUE;
 }
 
 BOOL ControlService(SC_HANDLE service, DWORD control, SERVICE_STATUS* status) {
-  const bool succeeds = machine->Begin(Call("ControlService", service, control));
-  EmulatedWindows::Service* entry = machine->FindService(service);
-  if (!succeeds || entry == nullptr) {
+  if (!Begin("ControlService", service, control) || !IsOpen(service, kService)) {
     return FALSE;
   }
   if (control == SERVICE_CONTROL_STOP) {
-    if (entry->State != SERVICE_RUNNING) {
+    if (ServiceState() != SERVICE_RUNNING) {
       return FALSE;
     }
-    entry->State = kestrel::kStopPending;
-    entry->Due = machine->Clock + machine->MillisecondsToStop;
+    ChangeService(kStopPending, machine->Setup.MillisecondsToStop);
   }
-  status->dwCurrentState = entry->State;
-  return entry->State != SERVICE_STOPPED || machine->StoppedServicesAnswer ? TRUE : FALSE;
+  status->dwCurrentState = ServiceState();
+  return status->dwCurrentState != SERVICE_STOPPED || machine->Setup.StoppedServiceAnswers;
 }
 
 BOOL DeleteService(SC_HANDLE service) {
-  const bool succeeds = machine->Begin(Call("DeleteService", service));
-  const Object* object = machine->Find(service, Object::Kind::Service);
-  return object != nullptr && succeeds && machine->Services.erase(object->Name) != 0 ? TRUE : FALSE;
+  if (!Begin("DeleteService", service) || !IsOpen(service, kService)) {
+    return FALSE;
+  }
+  machine->Setup.ServiceState = 0;
+  return TRUE;
 }
 
 BOOL CloseServiceHandle(SC_HANDLE handle) {
-  const bool succeeds = machine->Begin(Call("CloseServiceHandle", handle));
-  machine->Close(handle, false);
-  return succeeds ? TRUE : FALSE;
+  const bool succeeds = Begin("CloseServiceHandle", handle);
+  const auto found = machine->OpenHandles.find(reinterpret_cast<std::uintptr_t>(handle));
+  Require(found != machine->OpenHandles.end() && found->second != kDevice, "wrong handle");
+  Close(handle);
+  return succeeds;
 }
