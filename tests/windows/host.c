@@ -1,12 +1,11 @@
 /* A host of Kestrel.dll on Windows. Arguments: the library, then what to do, word by word:
-     open, read, close   the exports; their results are printed
-     report FILE         the report into a file, and its length
-     mif FILE            likewise the document
-     service             the state and the file of the driver's service
+     an export           is called, and its result printed
+     an export of a text, and a file   likewise, and the text written
+     service             the state of the driver's service, 0 where there is none
      device              whether the driver answers two handles as it should
      descriptor          whom the driver's security descriptor lets in
-     skua                the driver's device as SKUA's, too, until the host ends
-     hold                wait to be killed */
+     skua                names the driver's device as SKUA's, too, until the host ends
+     hold                waits to be killed */
 #include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -53,52 +52,26 @@ static void Load(const char* path) {
   }
 }
 
-static void Call(const char* word, const char* name) {
-  printf("%s %d\n", word, ((SimpleExport)Find(name))());
-}
+static void Call(const char* name) { printf("%s %d\n", name, ((SimpleExport)Find(name))()); }
 
-static void Write(const char* word, const char* name, const char* path) {
+static void Write(const char* name, const char* path) {
   const int32_t length = ((TextExport)Find(name))(kTextSize, text);
   FILE* file = fopen(path, "wb");
   if (file == NULL || fwrite(text, 1, (size_t)length, file) != (size_t)length ||
       fclose(file) != 0) {
     Fail(path);
   }
-  printf("%s %d\n", word, length);
+  printf("%s %d\n", name, length);
 }
 
 static void ShowService(void) {
-  static union {
-    QUERY_SERVICE_CONFIGA Config;
-    char Bytes[4096];
-  } buffer;
-  DWORD size = 0;
-  SERVICE_STATUS status;
+  SERVICE_STATUS status = {0};
   SC_HANDLE manager = OpenSCManagerA(NULL, NULL, SC_MANAGER_CONNECT);
-  SC_HANDLE service = OpenServiceA(manager, "Petrel", SERVICE_QUERY_CONFIG | SERVICE_QUERY_STATUS);
-  if (service == NULL) {
-    printf("service none\n");
-  } else if (QueryServiceConfigA(service, &buffer.Config, sizeof buffer, &size) &&
-             QueryServiceStatus(service, &status)) {
-    printf("service %s %s\n",
-           status.dwCurrentState == SERVICE_RUNNING   ? "runs"
-           : status.dwCurrentState == SERVICE_STOPPED ? "stopped"
-                                                      : "between",
-           buffer.Config.lpBinaryPathName);
-    CloseServiceHandle(service);
-  } else {
-    Fail("service");
-  }
+  SC_HANDLE service = OpenServiceA(manager, "Petrel", SERVICE_QUERY_STATUS);
+  QueryServiceStatus(service, &status);
+  printf("service %lu\n", status.dwCurrentState);
+  CloseServiceHandle(service);
   CloseServiceHandle(manager);
-}
-
-static HANDLE OpenDevice(void) {
-  HANDLE device = CreateFileA("\\\\.\\Petrel", GENERIC_READ | GENERIC_WRITE,
-                              FILE_SHARE_READ | FILE_SHARE_WRITE, NULL, OPEN_EXISTING, 0, NULL);
-  if (device == INVALID_HANDLE_VALUE) {
-    Fail("no device");
-  }
-  return device;
 }
 
 static const struct {
@@ -124,7 +97,11 @@ static const struct {
     {0, 0x222040, "", 0, 4, 0, 'M'}};
 
 static void TalkToDevice(void) {
-  HANDLE devices[] = {OpenDevice(), OpenDevice()};
+  HANDLE devices[2];
+  for (int index = 0; index < 2; ++index) {
+    devices[index] = CreateFileA("\\\\.\\Petrel", GENERIC_READ | GENERIC_WRITE,
+                                 FILE_SHARE_READ | FILE_SHARE_WRITE, NULL, OPEN_EXISTING, 0, NULL);
+  }
   for (size_t index = 0; index < sizeof requests / sizeof *requests; ++index) {
     char input[4] = {0};
     DWORD count = 0;
@@ -202,17 +179,7 @@ int main(int argumentCount, char** arguments) {
   Load(arguments[1]);
   while (next < arguments + argumentCount) {
     const char* word = *next++;
-    if (strcmp(word, "open") == 0) {
-      Call(word, "OpenSMBios");
-    } else if (strcmp(word, "read") == 0) {
-      Call(word, "ReadSMObjects");
-    } else if (strcmp(word, "close") == 0) {
-      Call(word, "CloseSMBios");
-    } else if (strcmp(word, "report") == 0) {
-      Write(word, "SMObjsToString", *next++);
-    } else if (strcmp(word, "mif") == 0) {
-      Write(word, "SMObjsToMifString", *next++);
-    } else if (strcmp(word, "service") == 0) {
+    if (strcmp(word, "service") == 0) {
       ShowService();
     } else if (strcmp(word, "device") == 0) {
       TalkToDevice();
@@ -224,8 +191,10 @@ int main(int argumentCount, char** arguments) {
       printf("holds\n");
       fflush(stdout);
       Sleep(INFINITE);
+    } else if (strncmp(word, "SMObjsTo", 8) == 0) {
+      Write(word, *next++);
     } else {
-      Fail(word);
+      Call(word);
     }
   }
   return 0;

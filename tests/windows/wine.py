@@ -8,13 +8,13 @@ import sys
 import tempfile
 
 SKIPPED = 77
-FOLDER = "/usr/lib/wine"  # where Debian puts what is not meant to be called by name
-PATIENCE = 60
+PATIENCE = 60  # seconds for a program
 
 
 def find(*names):
     for name in names:
-        path = shutil.which(name) or shutil.which(name, path=FOLDER)
+        # Debian puts what is not meant to be called by name into a folder.
+        path = shutil.which(name) or shutil.which(name, path="/usr/lib/wine")
         if path:
             return path
     skip(f"there is no {names[0]}")
@@ -41,8 +41,7 @@ class Wine:
         self.environment = {
             "HOME": self.prefix,
             "PATH": os.environ["PATH"],
-            # Where Wine leaves the folder of its server.
-            "TMPDIR": self.prefix,
+            "TMPDIR": self.prefix,  # where Wine leaves the folder of its server
             "WINEDEBUG": "-all",
             "WINEDLLOVERRIDES": "mscoree,mshtml=;winemenubuilder.exe=",
             "WINEPREFIX": self.prefix,
@@ -57,16 +56,12 @@ class Wine:
         try:
             # The first program brings Windows up, and by waiting keeps it up between two others. It
             # ends with this process, however that ends.
-            with tempfile.TemporaryFile("w+") as errors:
-                self.keeper = self.start(
-                    "cmd", stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=errors
-                )
-                self.keeper.stdin.write("echo up and running\n")
-                self.keeper.stdin.flush()
-                while "up and running" not in (line := self.keeper.stdout.readline()):
-                    if not line:
-                        errors.seek(0)
-                        skip(f"Wine does not start: {errors.read()}")
+            self.keeper = self.start("cmd", stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+            self.keeper.stdin.write("echo up and running\n")
+            self.keeper.stdin.flush()
+            while "up and running" not in (line := self.keeper.stdout.readline()):
+                if not line:
+                    skip("Wine does not start")
         except BaseException:
             self.__exit__()
             raise
@@ -78,27 +73,24 @@ class Wine:
             subprocess.run([self.server, option], env=self.environment, check=False)
         shutil.rmtree(self.prefix, ignore_errors=True)
 
-    def start(self, *command, trace="-all", **streams):
-        environment = self.environment | {"WINEDEBUG": trace}
+    def start(self, *command, **streams):
         return subprocess.Popen(
-            [self.loader, *command], env=environment, cwd=self.prefix, text=True, **streams
+            [self.loader, *command], env=self.environment, cwd=self.prefix, text=True, **streams
         )
 
-    def run(self, *command, trace="-all"):
+    def run(self, *command):
         """The output goes to files: a pipe would stay open as long as any service of Windows that
         the program happens to start."""
         with tempfile.TemporaryFile("w+") as output, tempfile.TemporaryFile("w+") as errors:
-            process = self.start(
-                *command, trace=trace, stdin=subprocess.DEVNULL, stdout=output, stderr=errors
-            )
+            process = self.start(*command, stdin=subprocess.DEVNULL, stdout=output, stderr=errors)
             code = process.wait(timeout=PATIENCE)
             output.seek(0)
             errors.seek(0)
-            return subprocess.CompletedProcess(command, code, output.read(), errors.read())
+            return code, output.read(), errors.read()
 
     def report_version(self, version):
         """Sets which Windows programs believe to run on."""
         key = r"HKCU\Software\Wine"
-        result = self.run("reg", "add", key, "/v", "Version", "/d", version, "/f")
-        if result.returncode != 0:
-            raise SystemExit(f"FAILED: no version {version}: {result.stderr}")
+        code, _, errors = self.run("reg", "add", key, "/v", "Version", "/d", version, "/f")
+        if code != 0:
+            raise SystemExit(f"FAILED: no version {version}: {errors}")

@@ -2,7 +2,7 @@
 """Runs Kestrel.dll, kestrel.exe and the driver, which reads a memory image here, on Wine's Windows.
 What comes out is compared with what the tool of this system makes of the same machine.
 Arguments: the folder with the files for Windows, the tool of this system, the prefix for Wine, and
-the versions of Windows to be, of which the first has the driver."""
+the versions of Windows to be. Those with services come first."""
 
 import os
 import shutil
@@ -12,6 +12,8 @@ import sys
 from wine import Wine, skip
 
 ALLOWED = 240
+NO_SERVICE = "service 0\n"
+RUNS = "service 4\n"
 
 
 def expect(what, found, wanted):
@@ -28,30 +30,27 @@ class Machine:
         self.native_tool = native_tool
         for folder in ("host", "library"):
             os.mkdir(os.path.join(wine.drive, folder))
-        self.put("Kestrel.dll", "library")
+        self.put("library", "Kestrel.dll")
         for program in ("host.exe", "kestrel.exe", "sample_memory.exe"):
-            self.put(program, "host")
+            self.put("host", program)
         # The image that the driver reads.
-        result = wine.run(self.program("sample_memory.exe"), r"C:\memory.img")
-        expect("sample_memory.exe", result.returncode, 0)
+        expect("image", wine.run(self.program("sample_memory.exe"), r"C:\memory.img"), (0, "", ""))
 
-    def put(self, source, folder, name=None):
-        target = os.path.join(self.wine.drive, folder, name or source)
-        shutil.copy(os.path.join(self.files, source), target)
+    def put(self, folder, name, source=None):
+        target = os.path.join(self.wine.drive, folder, name)
+        shutil.copy(os.path.join(self.files, source or name), target)
 
     def read(self, name):
         with open(os.path.join(self.wine.drive, name), "rb") as file:
             return file.read()
 
     def be(self, version):
-        """From now on Windows is this version, with its driver beside the hosts."""
+        """From now on Windows is this version, and beside the hosts lies its driver alone."""
         self.wine.report_version(version)
-        driver = "PetrelNt.sys" if version == "nt40" else "Petrel.sys"
-        for name in ("Petrel.sys", "PetrelNt.sys"):
-            if os.path.exists(self.program(name)):
-                os.remove(self.program(name))
-        self.put("Petrel.sys", "host", driver)
-        self.service = f"service runs C:\\host\\{driver}\n"
+        for driver in ("Petrel.sys", "PetrelNt.sys"):
+            if os.path.exists(self.program(driver)):
+                os.remove(self.program(driver))
+        self.put("host", "PetrelNt.sys" if version == "nt40" else "Petrel.sys", "Petrel.sys")
 
     def program(self, name):
         """By this name Wine becomes the program, instead of starting it."""
@@ -61,50 +60,45 @@ class Machine:
         return [self.program("host.exe"), r"C:\library\Kestrel.dll", *words.split()]
 
     def expect_host(self, words, wanted):
-        result = self.wine.run(*self.host_command(words))
-        expect(f"host.exe {words}", (result.stdout, result.returncode), (wanted, 0))
+        expect(f"host {words}", self.wine.run(*self.host_command(words)), (0, wanted, ""))
 
     def native(self, *arguments):
         command = [self.native_tool, *arguments]
         return subprocess.run(command, capture_output=True, check=True).stdout
 
-    def expect_texts(self, before="", after=""):
-        """Both texts through the driver are the bytes that this system makes of the sample. The
-        words that the host does before reading and after closing print a line each."""
-        wanted = [self.native("report", "--exact", "--sample"), self.native("mif", "--sample")]
+    def expect_texts(self, before, opened, after=""):
+        """Both texts through the driver are the bytes that this system makes of the sample."""
+        report = self.native("report", "--exact", "--sample")
+        mif = self.native("mif", "--sample")
         self.expect_host(
-            r"%s read report C:\report mif C:\mif close %s" % (before[0], after[0]),
-            f"{before[1]}read 1\nreport {len(wanted[0])}\nmif {len(wanted[1])}\nclose 1\n{after[1]}",
+            rf"{before} ReadSMObjects SMObjsToString C:\report SMObjsToMifString C:\mif "
+            "CloseSMBios service",
+            f"{opened}ReadSMObjects 1\nSMObjsToString {len(report)}\nSMObjsToMifString {len(mif)}\n"
+            f"CloseSMBios 1\n{after}",
         )
-        for name, bytes_wanted in zip(("report", "mif"), wanted):
-            expect(name, self.read(name), bytes_wanted)
+        expect("report", self.read("report"), report)
+        expect("document", self.read("mif"), mif)
 
     def expect_round(self):
-        self.expect_texts(("open service", f"open 1\n{self.service}"), ("service", "service none\n"))
+        self.expect_texts("OpenSMBios service", f"OpenSMBios 1\n{RUNS}", NO_SERVICE)
 
     def expect_tool(self, arguments, code, message):
         result = self.wine.run(self.program("kestrel.exe"), *arguments)
-        found = (result.returncode, result.stdout, result.stderr)
-        expect(f"kestrel.exe {arguments}", found, (code, "", message))
-        self.expect_host("service", "service none\n")
-
-
-def test_version(machine, version):
-    machine.be(version)
-    machine.expect_round()
+        expect(f"kestrel.exe {arguments}", result, (code, "", message))
+        self.expect_host("service", NO_SERVICE)
 
 
 def test_killed_host(machine, versions):
-    """Of a host that is killed the service stays. Meanwhile its device stands in for SKUA."""
-    process = machine.wine.start(*machine.host_command("open hold"), stdout=subprocess.PIPE)
-    for line in ("open 1\n", "holds\n"):
+    """The service of a host that is killed stays. While it holds, its device stands in for SKUA."""
+    process = machine.wine.start(*machine.host_command("OpenSMBios hold"), stdout=subprocess.PIPE)
+    for line in ("OpenSMBios 1\n", "holds\n"):
         expect("a host that holds", process.stdout.readline(), line)
     for version in versions:
         machine.wine.report_version(version)
-        machine.expect_texts(("skua open", "open 1\n"), ("", ""))
+        machine.expect_texts("skua OpenSMBios", "OpenSMBios 1\n", RUNS)
     process.kill()
     process.wait()
-    machine.expect_host("service", machine.service)
+    machine.expect_host("service", RUNS)
 
 
 def test_tool(machine):
@@ -117,21 +111,19 @@ def test_tool(machine):
     expect("report", machine.read("report"), machine.native("report", "--exact", "--sample"))
 
 
-def test_device(machine):
+def test_driver(machine):
     machine.expect_host(
-        "open descriptor device close",
-        "open 1\ndescriptor valid 1, administrators 1, others 0\nclose 1\n",
+        "OpenSMBios descriptor device CloseSMBios",
+        "OpenSMBios 1\ndescriptor valid 1, administrators 1, others 0\nCloseSMBios 1\n",
     )
-
-
-def test_without_memory(machine):
     os.remove(os.path.join(machine.wine.drive, "memory.img"))
-    machine.expect_host("open read close", "open 1\nread 0\nclose 1\n")
+    machine.expect_host("OpenSMBios ReadSMObjects", "OpenSMBios 1\nReadSMObjects 0\n")
+    machine.expect_host("OpenSMBios CloseSMBios", "OpenSMBios 1\nCloseSMBios 1\n")
 
 
-def test_without_driver_file(machine):
+def test_without_driver(machine):
     os.remove(machine.program("Petrel.sys"))
-    machine.expect_host("open close service", "open 0\nclose 1\nservice none\n")
+    machine.expect_host("OpenSMBios service", f"OpenSMBios 0\n{NO_SERVICE}")
     machine.expect_tool(
         ["bios"],
         1,
@@ -141,21 +133,23 @@ def test_without_driver_file(machine):
 
 
 def main():
-    files, native_tool, prefix, first, *others = sys.argv[1:]
+    files, native_tool, prefix, *versions = sys.argv[1:]
     if not os.path.exists(native_tool):
         skip(f"there is no {native_tool} to compare with")
     with Wine(prefix, ALLOWED) as wine:
         machine = Machine(wine, files, native_tool)
-        without_services = [version for version in others if version.startswith("win9")]
-        for version in [other for other in others if other not in without_services] + [first]:
-            test_version(machine, version)
+        without_services = [version for version in versions if version.startswith("win9")]
+        for version in versions[: len(versions) - len(without_services)]:
+            machine.be(version)
+            machine.expect_round()
+        machine.be(versions[0])
         test_killed_host(machine, without_services)
-        test_version(machine, first)
+        machine.be(versions[0])
+        machine.expect_round()
         test_tool(machine)
-        test_device(machine)
-        test_without_memory(machine)
-        test_without_driver_file(machine)
-    print(f"ran as {', '.join([first] + others)}")
+        test_driver(machine)
+        test_without_driver(machine)
+    print(f"ran as {', '.join(versions)}")
 
 
 main()
