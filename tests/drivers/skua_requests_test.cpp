@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <map>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 extern "C" {
@@ -13,7 +14,6 @@ extern "C" {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr Unsigned32 kBuffer = 0x10000;
 constexpr Unsigned32 kMapping = 0xC0000000;
@@ -28,15 +28,14 @@ struct Memory {
   std::map<Unsigned32, Unsigned32> Entries = {
       {0x10, kWritable}, {0x11, kWritable}, {0x12, kReadable}, {0x13, kWritable},
       {0x14, 6},         {0x15, 3},         {0xFFFFF, 7},      {0x100000, 7}};
-  std::map<Unsigned32, int> Locks;
-  bool LocksPages = true;
-  std::optional<Unsigned32> ManagedPage;
-  bool ReservesPages = true;
-  bool CommitsPages = true;
+  Unsigned32 LockedPages = 0;
   Unsigned32 ReservedPages = 0;
   std::vector<unsigned char> Mapping;
-  // Which physical pages were mapped, the first and the number of each mapping.
+  // The first page and the number of pages of each mapping.
   std::vector<std::pair<Unsigned32, Unsigned32>> Mapped;
+  std::optional<Unsigned32> ManagedPage;
+  // The function that fails.
+  std::string_view Failing;
 };
 
 Memory memory;
@@ -52,7 +51,7 @@ class Skua : public testing::Test {
  protected:
   void SetUp() override { memory = {}; }
   void TearDown() override {
-    EXPECT_THAT(memory.Locks, IsEmpty());
+    EXPECT_EQ(memory.LockedPages, 0);
     EXPECT_EQ(memory.ReservedPages, 0);
   }
 
@@ -135,7 +134,7 @@ TEST_F(Skua, LooksAtTheBuffersOfAProgram) {
       EXPECT_EQ(Ask(kHandle, 0x222018, buffer.Address, 4), buffer.IsTaken ? 0 : 24);
     }
   }
-  memory.LocksPages = false;
+  memory.Failing = "LockPages";
   EXPECT_EQ(Ask(kHandle, 0x222018, kBuffer, 4), 24);
 }
 
@@ -167,10 +166,10 @@ TEST_F(Skua, RefusesWithTheErrorsOfWindows) {
     EXPECT_EQ(copy(), result);
     EXPECT_EQ(Count(), result == 0 ? 3 : 0);
   }
-  memory.CommitsPages = false;
-  EXPECT_EQ(copy(), 30);
-  memory.ReservesPages = false;
-  EXPECT_EQ(copy(), 30);
+  for (const std::string_view failing : {"ReservePages", "CommitPhysicalPages"}) {
+    memory.Failing = failing;
+    EXPECT_EQ(copy(), 30);
+  }
 }
 
 TEST_F(Skua, WritesACountForItsControlCodesAlone) {
@@ -198,22 +197,14 @@ Unsigned32 CountCommittedPages(Unsigned32 firstPage, Unsigned32 count) {
 
 int LockPages(Unsigned32 firstPage, Unsigned32 count) {
   EXPECT_EQ(CountCommittedPages(firstPage, count), count);
-  for (Unsigned32 page = firstPage; memory.LocksPages && page < firstPage + count; ++page) {
-    ++memory.Locks[page];
-  }
-  return memory.LocksPages ? 1 : 0;
+  memory.LockedPages += memory.Failing != __func__ ? count : 0;
+  return memory.Failing != __func__ ? 1 : 0;
 }
 
-void UnlockPages(Unsigned32 firstPage, Unsigned32 count) {
-  for (Unsigned32 page = firstPage; page < firstPage + count; ++page) {
-    if (--memory.Locks[page] == 0) {
-      memory.Locks.erase(page);
-    }
-  }
-}
+void UnlockPages(Unsigned32 /*firstPage*/, Unsigned32 count) { memory.LockedPages -= count; }
 
 Unsigned32 GetPageEntry(Unsigned32 page) {
-  EXPECT_TRUE(memory.Locks.contains(page));
+  EXPECT_NE(memory.LockedPages, 0);
   return memory.Entries[page];
 }
 
@@ -222,17 +213,14 @@ int IsAnyPhysicalPageManaged(Unsigned32 firstPage, Unsigned32 count) {
 }
 
 Unsigned32 ReservePages(Unsigned32 count) {
-  if (!memory.ReservesPages) {
-    return NO_PAGES;
-  }
-  memory.ReservedPages = count;
-  return kMapping;
+  memory.ReservedPages = memory.Failing != __func__ ? count : 0;
+  return memory.Failing != __func__ ? kMapping : NO_PAGES;
 }
 
 int CommitPhysicalPages(Unsigned32 firstPage, Unsigned32 count, Unsigned32 firstPhysicalPage) {
   EXPECT_EQ(firstPage, kMapping >> PAGE_BITS);
   EXPECT_EQ(count, memory.ReservedPages);
-  if (!memory.CommitsPages) {
+  if (memory.Failing == __func__) {
     return 0;
   }
   memory.Mapping.resize(std::size_t{count} << PAGE_BITS);

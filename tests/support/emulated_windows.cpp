@@ -1,6 +1,6 @@
 #include "tests/support/emulated_windows.h"
 
-#include <algorithm>
+#include <gmock/gmock.h>
 #include <span>
 
 #include "model/text.h"
@@ -38,27 +38,28 @@ bool Begin(const char* name, Arguments... arguments) {
   return machine->FailingCall != machine->Calls.size() - 1;
 }
 
-void Require(bool condition, const char* mistake) {
-  if (!condition) {
-    machine->Mistakes.push_back(mistake + (": " + machine->Calls.back()));
-  }
-}
-
 template <typename Handle>
 Handle Open(char kind) {
   machine->OpenHandles.emplace(++machine->LastHandle, kind);
   return reinterpret_cast<Handle>(machine->LastHandle);  // NOLINT(performance-no-int-to-ptr)
 }
 
+// Whether a handle is open, as it should be, and of that kind.
 bool IsOpen(const void* handle, char kind) {
   const auto found = machine->OpenHandles.find(reinterpret_cast<std::uintptr_t>(handle));
   const bool isOpen = found != machine->OpenHandles.end() && found->second == kind;
-  Require(isOpen, "wrong handle");
+  EXPECT_TRUE(isOpen) << machine->Calls.back();
   return isOpen;
 }
 
-void Close(const void* handle) {
-  machine->OpenHandles.erase(reinterpret_cast<std::uintptr_t>(handle));
+BOOL Close(const void* handle, bool isDevice, bool succeeds) {
+  const auto found = machine->OpenHandles.find(reinterpret_cast<std::uintptr_t>(handle));
+  if (found == machine->OpenHandles.end() || (found->second == kDevice) != isDevice) {
+    ADD_FAILURE() << machine->Calls.back();
+    return FALSE;
+  }
+  machine->OpenHandles.erase(found);
+  return succeeds;
 }
 
 // The state of the service as of now, or 0.
@@ -101,8 +102,7 @@ BOOL GetVersionExA(OSVERSIONINFOA* version) {
     return FALSE;
   }
   const std::span record(reinterpret_cast<const BYTE*>(version), size);
-  Require(std::ranges::none_of(record.subspan(sizeof(size)), [](BYTE byte) { return byte != 0; }),
-          "record not cleared");
+  EXPECT_THAT(record.subspan(sizeof(size)), testing::Each(0));
   version->dwPlatformId = machine->Setup.PlatformId;
   version->dwMajorVersion = machine->Setup.MajorVersion;
   version->dwMinorVersion = machine->Setup.MinorVersion;
@@ -160,12 +160,7 @@ BOOL DeviceIoControl(HANDLE device, DWORD code, LPVOID input, DWORD inputSize, L
   }
 }
 
-BOOL CloseHandle(HANDLE handle) {
-  const bool succeeds = Begin("CloseHandle", handle);
-  IsOpen(handle, kDevice);
-  Close(handle);
-  return succeeds;
-}
+BOOL CloseHandle(HANDLE handle) { return Close(handle, true, Begin("CloseHandle", handle)); }
 
 void Sleep(DWORD milliseconds) {
   Begin("Sleep", milliseconds);
@@ -231,9 +226,5 @@ BOOL DeleteService(SC_HANDLE service) {
 }
 
 BOOL CloseServiceHandle(SC_HANDLE handle) {
-  const bool succeeds = Begin("CloseServiceHandle", handle);
-  const auto found = machine->OpenHandles.find(reinterpret_cast<std::uintptr_t>(handle));
-  Require(found != machine->OpenHandles.end() && found->second != kDevice, "wrong handle");
-  Close(handle);
-  return succeeds;
+  return Close(handle, false, Begin("CloseServiceHandle", handle));
 }

@@ -26,7 +26,8 @@ struct WindowsSetup {
   bool StoppedServiceAnswers = true;
 };
 
-// Such a machine behind the functions of platform/win32.h, which act on the one that lives.
+// Such a machine behind the functions of platform/win32.h, which act on the one that lives. The
+// test fails where a function is misused.
 struct EmulatedWindows {
   // Further than any clock goes here.
   static constexpr DWORD kNever = 0x7FFFFFFF;
@@ -44,10 +45,9 @@ struct EmulatedWindows {
   // same.
   std::optional<std::size_t> FailingCall;
 
-  // What happened: each call, with numbers in hexadecimal and handles numbered as they were opened;
-  // each misuse of a function; and what is open.
+  // What happened: each call, with numbers in hexadecimal and handles numbered as they were opened,
+  // and what is open.
   std::vector<std::string> Calls;
-  std::vector<std::string> Mistakes;
   std::map<std::uintptr_t, char> OpenHandles;
   std::uintptr_t LastHandle = 0;
   // In milliseconds. It moves when somebody sleeps, and nobody waits for it.
