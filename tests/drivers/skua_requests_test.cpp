@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <gmock/gmock.h>
 #include <map>
 #include <optional>
@@ -21,7 +22,7 @@ constexpr Unsigned32 kReadable = 5;
 constexpr Unsigned32 kWritable = 7;
 
 // The memory manager, with a program of six pages. Physical memory has in each byte the sum of its
-// address's four.
+// page's number and its address.
 struct Memory {
   std::array<unsigned char, 0x6000> Program{};
   // Of committed pages.
@@ -62,12 +63,9 @@ class Skua : public testing::Test {
                                  inputLength,   output,         outputLength, kCount};
     return AnswerSkuaRequest(&request);
   }
-  static Unsigned32 Note(Handle handle, Unsigned32 code, Unsigned32 number,
-                         Unsigned32 input = kBuffer) {
-    for (Unsigned32 index = 0; index < 4; ++index) {
-      memory.Program.at(input - kBuffer + index) = static_cast<unsigned char>(number >> 8 * index);
-    }
-    return Ask(handle, code, input, 4);
+  static Unsigned32 Note(Handle handle, Unsigned32 code, Unsigned32 number) {
+    std::memcpy(memory.Program.data(), &number, 4);
+    return Ask(handle, code, kBuffer, 4);
   }
   static Unsigned32 NoteRange(Handle handle, Unsigned32 address, Unsigned32 length) {
     return std::max(Note(handle, 0x222018, address), Note(handle, 0x222020, length));
@@ -144,11 +142,11 @@ TEST_F(Skua, CopiesWhatIsMapped) {
   EXPECT_EQ(Count(), 4);
   EXPECT_THAT(memory.Mapped, ElementsAre(std::pair(0xF0U, 2U)));
   EXPECT_THAT(std::vector(memory.Program.begin() + 0xFFE, memory.Program.begin() + 0x1004),
-              ElementsAre(0, 0x1C, 0x1D, 0x1F, 0x20, 0));
+              ElementsAre(0, 0xEE, 0xEF, 0xF1, 0xF2, 0));
   // Up to the last byte of all.
   EXPECT_EQ(NoteRange(kHandle, 0xFFFFFFFF, 1), 0);
   EXPECT_EQ(Copy(kHandle, kBuffer, 1), 0);
-  EXPECT_EQ(memory.Program[0], 0xFC);
+  EXPECT_EQ(memory.Program[0], 0xFE);
 }
 
 TEST_F(Skua, RefusesWithTheErrorsOfWindows) {
@@ -225,9 +223,8 @@ int CommitPhysicalPages(Unsigned32 firstPage, Unsigned32 count, Unsigned32 first
   }
   memory.Mapping.resize(std::size_t{count} << PAGE_BITS);
   for (std::size_t offset = 0; offset < memory.Mapping.size(); ++offset) {
-    const auto address = (firstPhysicalPage << PAGE_BITS) + static_cast<Unsigned32>(offset);
     memory.Mapping[offset] =
-        static_cast<unsigned char>((address >> 24) + (address >> 16) + (address >> 8) + address);
+        static_cast<unsigned char>(firstPhysicalPage + (offset >> PAGE_BITS) + offset);
   }
   memory.Mapped.emplace_back(firstPhysicalPage, count);
   return 1;
