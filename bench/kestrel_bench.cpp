@@ -21,8 +21,8 @@
 
 #include "firmware/table_firmware.h"
 #include "model/smbios_reader.h"
-#include "tools/kestrel/sample.h"
-#include "tools/kestrel/table_builder.h"
+#include "sample/sample_table.h"
+#include "sample/table_builder.h"
 
 namespace {
 

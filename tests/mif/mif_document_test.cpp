@@ -4,8 +4,8 @@
 #include <string>
 
 #include "model/smbios_reader.h"
+#include "sample/sample_table.h"
 #include "tests/support/tables.h"
-#include "tools/kestrel/sample.h"
 
 namespace kestrel {
 namespace {

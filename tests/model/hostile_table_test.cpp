@@ -6,8 +6,8 @@
 
 #include "firmware/table_firmware.h"
 #include "model/smbios_reader.h"
+#include "sample/sample_table.h"
 #include "tests/support/tables.h"
-#include "tools/kestrel/sample.h"
 
 #if defined(_WIN32)
 #include "platform/win32.h"

@@ -10,7 +10,7 @@
 
 #include "model/smbios_reader.h"
 #include "model/text.h"
-#include "tools/kestrel/table_builder.h"
+#include "sample/table_builder.h"
 
 namespace kestrel {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "sample/sample_table.h"
 #include "tests/support/tables.h"
-#include "tools/kestrel/sample.h"
 
 namespace kestrel {
 namespace {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "firmware/table_firmware.h"
-#include "tools/kestrel/sample.h"
+#include "sample/sample_table.h"
 
 int main(int argumentCount, char** arguments) {
   constexpr std::size_t kEntryPointAddress = 0xF5A30;

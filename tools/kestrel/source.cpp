@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "model/text.h"
-#include "tools/kestrel/sample.h"
+#include "sample/sample_table.h"
 #include "tools/kestrel/tool_error.h"
 
 namespace kestrel {

@@ -1,8 +1,8 @@
-#include "tools/kestrel/sample.h"
+#include "sample/sample_table.h"
 
 #include <string_view>
 
-#include "tools/kestrel/table_builder.h"
+#include "sample/table_builder.h"
 
 namespace kestrel {
 

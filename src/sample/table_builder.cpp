@@ -1,4 +1,4 @@
-#include "tools/kestrel/table_builder.h"
+#include "sample/table_builder.h"
 
 #include "model/table_walk.h"
 
