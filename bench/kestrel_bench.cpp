@@ -19,6 +19,7 @@
 #include <utility>
 #include <vector>
 
+#include "firmware/entry_point.h"
 #include "firmware/table_firmware.h"
 #include "model/smbios_reader.h"
 #include "sample/sample_table.h"

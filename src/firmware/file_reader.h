@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <fstream>
 #include <span>
 #include <string>
 #include <system_error>
@@ -10,26 +9,36 @@
 
 namespace kestrel {
 
-// A file of bytes, read piece by piece, so that its size costs nothing.
+// A file of bytes, read piece by piece by the system's own calls. Names are UTF-8 on Windows and
+// whatever the system takes elsewhere.
 class FileReader {
  public:
-  // The error of the system, or none. Anything but a regular file is refused as well: `notAFile`
-  // tells it from a file that cannot be opened.
-  std::error_code Open(const std::string& path, bool& notAFile);
-  void Close() { Stream.close(); }
-  bool IsOpen() const { return Stream.is_open(); }
+  FileReader() = default;
+  FileReader(const FileReader&) = delete;
+  FileReader& operator=(const FileReader&) = delete;
+  ~FileReader();
+
+  // Whether there is a regular file that can be read. GetError tells why not; for a folder, a
+  // device and the like there is no error.
+  bool Open(const std::string& path);
 
   std::uint64_t GetSize() const { return Size; }
 
-  // Fills `buffer` from `offset` on. Gives the number of bytes that the file holds there; the rest
-  // of the buffer is zero.
-  std::size_t Read(std::uint64_t offset, std::span<std::uint8_t> buffer);
-  // At most `count` bytes from `offset` on.
+  // At most `count` bytes from `offset` on; fewer at the end of the file, or where a read fails.
   std::vector<std::uint8_t> Read(std::uint64_t offset, std::size_t count);
 
+  // What failed last, Open or a read; a read that succeeds does not take it back.
+  std::error_code GetError() const { return Error; }
+
  private:
-  std::ifstream Stream;
+  std::size_t ReadInto(std::span<std::uint8_t> buffer);
+
+  int Descriptor = -1;
   std::uint64_t Size = 0;
+  std::error_code Error;
 };
+
+// Whether `path` names a folder.
+bool IsFolder(const std::string& path);
 
 }  // namespace kestrel

@@ -1,51 +1,28 @@
 #include "firmware/linux_firmware.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <memory>
-#include <utility>
-#include <vector>
 
-#include "firmware/file_reader.h"
+#include "firmware/table_folder.h"
 
 namespace kestrel {
 
-namespace {
-
-constexpr const char* kEntryPointFile = "/sys/firmware/dmi/tables/smbios_entry_point";
-constexpr const char* kTableFile = "/sys/firmware/dmi/tables/DMI";
-
-bool ReadKernelFile(const char* path, std::size_t limit, std::vector<std::uint8_t>& bytes) {
-  FileReader file;
-  bool notAFile = false;
-  if (file.Open(path, notAFile) || notAFile) {
-    return false;
-  }
-  bytes = file.Read(0, limit);
-  return true;
-}
-
-}  // namespace
-
 int LinuxFirmware::Open() {
-  std::vector<std::uint8_t> entryPoint;
-  EntryPointFacts facts;
-  if (!ReadKernelFile(kEntryPointFile, kLargestEntryPoint, entryPoint) ||
-      ParseEntryPoint(entryPoint, facts) != EntryPointParse::Parsed) {
+  Tables.reset();
+  const SourceResult result = ReadTableFolder(kKernelTables);
+  if (result.Problem != SourceProblem::None) {
     return 0;
   }
-  std::vector<std::uint8_t> table;
-  const std::size_t announced = std::min<std::size_t>(facts.TableLength, kLargestLoad);
-  if (!ReadKernelFile(kTableFile, announced, table)) {
-    return 0;
-  }
-  Present(facts, std::move(table));
+  Tables.emplace(result.Table);
   return 1;
 }
 
 int LinuxFirmware::Close() noexcept {
-  PresentNothing();
+  Tables.reset();
   return 1;
+}
+
+std::uint32_t LinuxFirmware::ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) {
+  return Tables ? Tables->ReadPhysical(address, buffer) : 0;
 }
 
 std::unique_ptr<FirmwareAccess> MakeMachineAccess() { return std::make_unique<LinuxFirmware>(); }

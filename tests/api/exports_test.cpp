@@ -22,9 +22,8 @@ struct Machine {
 
 Machine machine;
 
-class MachineAccess final : public TableFirmware {
+class MachineAccess final : public FirmwareAccess {
  public:
-  MachineAccess() : TableFirmware({2, 3}, machine.Table) {}
   ~MachineAccess() override { ++machine.Destroyed; }
 
   int Open() override {
@@ -39,10 +38,11 @@ class MachineAccess final : public TableFirmware {
   std::uint32_t ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) override {
     // A real machine is read through files, where a thread may be cancelled.
     pthread_testcancel();
-    return IsOpen ? TableFirmware::ReadPhysical(address, buffer) : 0;
+    return IsOpen ? Memory.ReadPhysical(address, buffer) : 0;
   }
 
  private:
+  TableFirmware Memory{{2, 3}, machine.Table};
   bool IsOpen = false;
 };
 

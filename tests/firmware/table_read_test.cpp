@@ -8,7 +8,7 @@
 #include "firmware/firmware_access.h"
 #include "firmware/sparse_memory.h"
 #include "model/smbios_reader.h"
-#include "tests/support/tables.h"
+#include "tests/firmware/entry_points.h"
 
 namespace kestrel {
 namespace {
@@ -30,20 +30,6 @@ class ScriptedFirmware final : public FirmwareAccess {
   std::optional<std::uint32_t> Unreadable;
 };
 
-// An entry point with wrong checksums: nobody may look at them.
-Bytes EntryPoint(std::uint8_t major, std::uint8_t minor, std::uint16_t tableLength,
-                 std::uint32_t tableAddress) {
-  const auto byte = [](std::uint32_t value, int index) {
-    return static_cast<std::uint8_t>(value >> (8 * index));
-  };
-  return Join(
-      {{'_', 'S', 'M', '_', 0x11, 0x1F, major, minor, 0x40, 0x00, 0x00, 1, 2, 3, 4, 5},
-       {'_', 'D', 'M', 'I', '_', 0x22, byte(tableLength, 0), byte(tableLength, 1)},
-       {byte(tableAddress, 0), byte(tableAddress, 1), byte(tableAddress, 2), byte(tableAddress, 3)},
-       {0x02, 0x00, 0x23}});
-}
-
-const Bytes kEnd = {0x7F, 4, 0, 0, 0, 0};
 constexpr std::uint32_t kTableAddress = 0xFFFF0000;
 
 // What a reader finds in a memory with entry points at some addresses and one table.
@@ -70,8 +56,8 @@ const Outcome kNothing = {0, 0, ""};
 const Outcome kOneBlock = {1, 23, "End-of-Table (Type 127)\r\n\r\n"};
 
 TEST(EntryPointSearchTest, LooksThroughTheBiosArea) {
-  const Bytes entry = EntryPoint(2, 3, 6, kTableAddress);
-  const Bytes other = EntryPoint(3, 0, 6, kTableAddress);
+  const Bytes entry = EntryPoint32({2, 3}, 6, kTableAddress);
+  const Bytes other = EntryPoint32({3, 0}, 6, kTableAddress);
   const struct {
     const char* Name;
     std::map<std::uint32_t, Bytes> Regions;
@@ -98,8 +84,12 @@ TEST(EntryPointSearchTest, LooksThroughTheBiosArea) {
        {{0xF1200, Join({Bytes(0xE4), entry})}, {0xF9000, other}, {kTableAddress, kEnd}},
        kNothing,
        0xF12E4},
-      {"version 2.1", {{0xF0000, EntryPoint(2, 1, 6, 0)}, {0, kEnd}}, {1, 21, kOneBlock.Report}},
-      {"version 3.0", {{0xF0000, EntryPoint(3, 0, 6, 0)}, {0, kEnd}}, {1, 30, kOneBlock.Report}},
+      {"version 2.1",
+       {{0xF0000, EntryPoint32({2, 1}, 6, 0)}, {0, kEnd}},
+       {1, 21, kOneBlock.Report}},
+      {"version 3.0",
+       {{0xF0000, EntryPoint32({3, 0}, 6, 0)}, {0, kEnd}},
+       {1, 30, kOneBlock.Report}},
   };
   for (const auto& test : cases) {
     EXPECT_EQ(Read(test.Regions, test.Unreadable), test.Expected) << test.Name;
@@ -116,7 +106,9 @@ TEST(EntryPointSearchTest, ComparesWordsBelowTheLength) {
 }
 
 TEST(TableReadTest, TakesWhatTheTableHolds) {
-  const auto entry = [](std::uint16_t length) { return EntryPoint(2, 3, length, kTableAddress); };
+  const auto entry = [](std::uint16_t length) {
+    return EntryPoint32({2, 3}, length, kTableAddress);
+  };
   const struct {
     const char* Name;
     std::map<std::uint32_t, Bytes> Regions;
@@ -124,8 +116,8 @@ TEST(TableReadTest, TakesWhatTheTableHolds) {
   } cases[] = {
       {"no table to be read", {{0xF0000, entry(6)}}, {0, 23, ""}},
       {"a table of no bytes", {{0xF0000, entry(0)}}, {1, 23, ""}},
-      {"read short, zeros behind", {{0xF0000, entry(6)}, {kTableAddress, {0x7F, 4}}}, kOneBlock},
-      {"bytes behind the length",
+      {"read short, zeros after", {{0xF0000, entry(6)}, {kTableAddress, {0x7F, 4}}}, kOneBlock},
+      {"bytes after the length",
        {{0xF0000, entry(6)}, {kTableAddress, Join({kEnd, kEnd})}},
        kOneBlock},
   };
@@ -138,10 +130,10 @@ TEST(TableReadTest, KeepsTheFirstEntryPointAndSearchesAgainWithoutOne) {
   SparseMemory memory;
   SMBiosReader reader(std::make_unique<ScriptedFirmware>(memory));
   EXPECT_EQ(reader.ReadTable(), 0);
-  memory.Map(0xF8000, EntryPoint(2, 3, 6, 0));
+  memory.Map(0xF8000, EntryPoint32({2, 3}, 6, 0));
   memory.Map(0, kEnd);
   EXPECT_EQ(reader.ReadTable(), 1);
-  memory.Map(0xF0000, EntryPoint(3, 0, 6, 0));
+  memory.Map(0xF0000, EntryPoint32({3, 0}, 6, 0));
   EXPECT_EQ(reader.ReadTable(), 1);
   EXPECT_EQ(reader.GetSpecVersion(), 23);
   EXPECT_EQ(reader.GetObjects().size(), 2);
@@ -149,7 +141,7 @@ TEST(TableReadTest, KeepsTheFirstEntryPointAndSearchesAgainWithoutOne) {
 
 TEST(EntryPointRecordTest, HoldsEveryField) {
   SparseMemory memory;
-  memory.Map(0xF0000, EntryPoint(2, 3, 0xABCD, 0x12345678));
+  memory.Map(0xF0000, EntryPoint32({2, 3}, 0xABCD, 0x12345678));
   SMBiosReader reader(std::make_unique<ScriptedFirmware>(memory));
   ASSERT_EQ(reader.FindEntryPoint(), 1);
   const SMEntryPoint& record = *reader.GetEntryPoint();

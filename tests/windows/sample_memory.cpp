@@ -4,7 +4,7 @@
 #include <fstream>
 #include <vector>
 
-#include "firmware/table_firmware.h"
+#include "firmware/entry_point.h"
 #include "sample/sample_table.h"
 
 int main(int argumentCount, char** arguments) {

@@ -1,13 +1,12 @@
 #include "tools/kestrel/command_line.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <system_error>
-#include <vector>
 
 #include "tools/kestrel/tool_error.h"
 
@@ -59,14 +58,13 @@ SmbiosVersion ToVersion(std::string_view text) {
   throw CLI::ValidationError("--smbios-version", "takes a version like 2.3");
 }
 
-void AddSource(CLI::App& command, SourceOptions& source) {
+void AddSource(CLI::App& app, SourceOptions& source) {
   CLI::Option* image =
-      command.add_option("--image", source.Image, "A saved image instead of this machine");
+      app.add_option("--image", source.Image, "A saved image instead of this machine");
   image->type_name("FILE");
   const auto setKind = [&source](const std::string& name) { source.Format = ToKind(name); };
-  command
-      .add_option_function<std::string>(
-          "--format", setKind, "The kind of the image: auto (default), memory, dump, rsmb or raw")
+  app.add_option_function<std::string>(
+         "--format", setKind, "The kind of the image: auto (default), memory, dump, rsmb or raw")
       ->type_name("KIND")
       ->needs(image);
   const auto setVersion = [&source](const std::string& text) {
@@ -75,84 +73,119 @@ void AddSource(CLI::App& command, SourceOptions& source) {
       throw CLI::ValidationError("--smbios-version", "goes with a raw table only");
     }
   };
-  command
-      .add_option_function<std::string>(
-          "--smbios-version", setVersion,
-          "The version of a raw table, which carries none (default 2.3)")
+  app.add_option_function<std::string>(
+         "--smbios-version", setVersion,
+         "The version of a raw table, which carries none (default 2.3)")
       ->type_name("M.N")
       ->needs(image);
-  command.add_flag("--sample", source.Sample, "The built-in example PC instead of this machine")
+  app.add_flag("--sample", source.Sample, "The built-in example PC instead of this machine")
       ->excludes(image);
 }
 
-struct CommandRow {
-  Command Chosen;
-  const char* Name;
-  const char* Description;
-};
-
-constexpr CommandRow kCommands[] = {
-    {Command::Report, "report", "The text report"},
-    {Command::Mif, "mif", "The MIF document, as consoles read it"},
-    {Command::Bios, "bios", "Vendor, version and release date of the BIOS"},
-    {Command::List, "list", "A line per structure: offset, type, length, handle, name"},
-    {Command::Save, "save", "Save this machine's entry point and table, for --image to read"},
-};
-
-void AddOptions(CLI::App& app, Command command, CommandLine& line) {
-  if (command == Command::Save) {
+void AddOptions(CLI::App& app, CommandLine& line) {
+  const unsigned options = line.Chosen->Options;
+  if ((options & kTakesNewFile) != 0) {
     app.add_option("FILE", line.Output, "Where the dump goes")->required()->type_name("");
-    app.parse_complete_callback([&line] { line.Source.MachineOnly = true; });
-    return;
+    app.add_flag("--force", line.Force, "Write over a file that is there");
   }
-  AddSource(app, line.Source);
-  if (command == Command::Report) {
+  if ((options & kTakesSource) != 0) {
+    AddSource(app, line.Source);
+  }
+  if ((options & kTakesExact) != 0) {
     app.add_flag("--exact", line.Exact,
                  "The library's bytes (Windows-1252, CR LF) instead of UTF-8");
   }
-  if (command == Command::Report || command == Command::Mif) {
+  if ((options & kTakesOutput) != 0) {
     app.add_option("-o,--output", line.Output, "Write to a file")->type_name("FILE");
   }
 }
 
-// CLI11's message as the tool's one line: what went wrong, then what to do.
-std::string UsageMessage(const CLI::App& app, const CLI::ParseError& error) {
-  const std::vector<std::string> rest = app.remaining();
-  const auto commands = app.get_subcommands();
-  std::string message = error.what();
-  std::string help = "kestrel --help";
-  if (std::any_of(rest.begin(), rest.end(), [](const auto& word) { return word[0] == '-'; })) {
-    message = "options stand behind the command";
-  } else if (commands.empty()) {
-    message = rest.empty() ? "a command is missing" : "there is no command " + rest.front();
-  } else {
-    help = "kestrel " + commands.front()->get_name() + " --help";
+std::string HelpOfTool() {
+  CLI::App app("Shows the SMBIOS structure table of this machine, or of a saved image.", "kestrel");
+  app.set_version_flag("--version", kVersion, "Show the version");
+  app.set_help_flag("--help", "Show the help");
+  app.require_subcommand(1);
+  for (const Command& command : GetCommands()) {
+    app.add_subcommand(command.Name, command.Description);
   }
-  return message + ": see '" + help + "'";
+  return app.help();
+}
+
+std::string NameOf(const Command& command) { return std::string("kestrel ") + command.Name; }
+
+std::string HelpOf(const Command& command) {
+  CommandLine line;
+  line.Chosen = &command;
+  CLI::App app(command.Description, NameOf(command));
+  app.set_help_flag("--help", "Show the help");
+  AddOptions(app, line);
+  return app.help();
+}
+
+// The command whose name is among the arguments, ahead of anything that it takes.
+const Command* FindCommand(std::string_view name) {
+  for (const Command& command : GetCommands()) {
+    if (name == command.Name) {
+      return &command;
+    }
+  }
+  return nullptr;
+}
+
+[[noreturn]] void ThrowWrongUsage(const std::string& problem, const std::string& help) {
+  throw ToolError(problem + ": see '" + help + " --help'", ExitCode::WrongUsage);
+}
+
+// The parser's work is done before it starts where somebody asks for the help or the version, so
+// that it has no exceptions to throw for them.
+std::string AnswerTo(std::span<const char* const> arguments) {
+  const Command* command = nullptr;
+  for (const std::string_view argument : arguments) {
+    if (argument == "--") {
+      break;
+    }
+    if (argument == "--help") {
+      return command != nullptr ? HelpOf(*command) : HelpOfTool();
+    }
+    if (argument == "--version" && command == nullptr) {
+      return std::string(kVersion) + "\n";
+    }
+    command = command != nullptr ? command : FindCommand(argument);
+  }
+  return {};
 }
 
 }  // namespace
 
 ParsedCommandLine ParseCommandLine(int argumentCount, const char* const* arguments) {
+  const auto words =
+      std::span(arguments, static_cast<std::size_t>(argumentCount)).subspan(argumentCount > 0);
   ParsedCommandLine parsed;
-  CLI::App app("Shows the SMBIOS structure table of this machine, or of a saved image.", "kestrel");
-  app.set_version_flag("--version", kVersion, "Show the version");
-  app.set_help_flag("--help", "Show the help");
-  app.require_subcommand(1);
-  for (const CommandRow& row : kCommands) {
-    CLI::App* command = app.add_subcommand(row.Name, row.Description);
-    AddOptions(*command, row.Chosen, parsed.Line);
-    command->callback([&parsed, &row] { parsed.Line.Chosen = row.Chosen; });
+  parsed.Answer = AnswerTo(words);
+  if (!parsed.Answer.empty()) {
+    return parsed;
   }
+  if (words.empty()) {
+    ThrowWrongUsage("a command is missing", "kestrel");
+  }
+  const std::string name = words.front();
+  CommandLine& line = parsed.Line;
+  line.Chosen = FindCommand(name);
+  if (line.Chosen == nullptr) {
+    ThrowWrongUsage(
+        name.starts_with('-') ? "options go after the command" : "there is no command " + name,
+        "kestrel");
+  }
+  // Only what this command takes is built, since building costs more than parsing.
+  CLI::App app(line.Chosen->Description, NameOf(*line.Chosen));
+  app.set_help_flag();
+  AddOptions(app, line);
   try {
-    app.parse(argumentCount, arguments);
-  } catch (const CLI::CallForHelp&) {
-    parsed.Answer = app.help();
-  } catch (const CLI::CallForVersion&) {
-    parsed.Answer = std::string(kVersion) + "\n";
+    app.parse(static_cast<int>(words.size()), words.data());
   } catch (const CLI::ParseError& error) {
-    throw ToolError(UsageMessage(app, error), ExitCode::WrongUsage);
+    ThrowWrongUsage(error.what(), app.get_name());
   }
+  line.Source.MachineOnly = (line.Chosen->Options & kTakesSource) == 0;
   return parsed;
 }
 

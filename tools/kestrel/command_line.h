@@ -1,26 +1,14 @@
 #pragma once
 
-#include <optional>
 #include <string>
 
-#include "tools/kestrel/source.h"
+#include "tools/kestrel/command.h"
 
 namespace kestrel {
 
-enum class Command { Report, Mif, Bios, List, Save };
-
-struct CommandLine {
-  Command Chosen = Command::Report;
-  SourceOptions Source;
-  // The library's bytes rather than a text for a person.
-  bool Exact = false;
-  // Where a text goes instead of standard output, if anywhere; for Save the dump.
-  std::optional<std::string> Output;
-};
-
 struct ParsedCommandLine {
   CommandLine Line;
-  // The help or the version, where that was asked for instead of a command.
+  // The help or the version, where that was asked for; no command is chosen then.
   std::string Answer;
 };
 

@@ -1,27 +1,35 @@
 #include "tools/kestrel/dump.h"
 
 #include <cstdint>
-#include <span>
 #include <vector>
+
+#include "firmware/entry_point.h"
 
 namespace kestrel {
 
 namespace {
 
-constexpr std::uint8_t kTableOffset = 0x20;
+constexpr std::uint32_t kTableOffset = 0x20;
+
+std::vector<std::uint8_t> EntryPointOf(const SmbiosTable& table) {
+  const EntryPointFacts& facts = table.EntryPoint;
+  if (facts.Kind != EntryPointKind::None) {
+    return WithTableAddress(facts, kTableOffset);
+  }
+  if (facts.TableLength > kLongestTable) {
+    return Make64BitEntryPoint(facts.Version, kTableOffset, facts.TableLength);
+  }
+  return MakeEntryPoint(facts.Version, kTableOffset, static_cast<std::uint16_t>(facts.TableLength),
+                        table.Bytes);
+}
 
 }  // namespace
 
-std::string MakeDump(const OpenedSource& source) {
-  const SMEntryPoint& entryPoint = *source.Reader->GetEntryPoint();
-  // What could not be read stays out, so that the dump is as short as what it was made from.
-  const auto table = std::span(source.Table.Bytes).first(source.Table.BytesRead);
-  std::vector<std::uint8_t> bytes =
-      MakeEntryPoint({entryPoint.GetMajorVersion(), entryPoint.GetMinorVersion()}, kTableOffset,
-                     entryPoint.GetTableLength(), table);
-  bytes.resize(kTableOffset);
-  std::string dump(bytes.begin(), bytes.end());
-  return dump.append(table.begin(), table.end());
+std::string DumpOf(const SmbiosTable& table) {
+  const std::vector<std::uint8_t> entryPoint = EntryPointOf(table);
+  std::string dump(entryPoint.begin(), entryPoint.end());
+  dump.resize(kTableOffset);
+  return dump.append(table.Bytes.begin(), table.Bytes.end());
 }
 
 }  // namespace kestrel

@@ -2,12 +2,13 @@
 
 #include <string>
 
-#include "tools/kestrel/source.h"
+#include "model/smbios_table.h"
 
 namespace kestrel {
 
-// The bytes of a dump of the source: an entry point, then the table at offset 20h, as the entry
-// point says. Read as an image, a dump gives the same texts as its source.
-std::string MakeDump(const OpenedSource& source);
+// The bytes of a dump: the table's own entry point, naming offset 20h, and there the table. A table
+// that came without an entry point gets one. Read as an image, a dump gives the same texts as the
+// table.
+std::string DumpOf(const SmbiosTable& table);
 
 }  // namespace kestrel

@@ -1,9 +1,15 @@
 #include <algorithm>
 #include <csignal>
+#include <cstdio>
 #include <exception>
-#include <iostream>
 #include <new>
 #include <string>
+
+#if defined(_WIN32)
+#include <vector>
+
+#include "platform/wide_text.h"
+#endif
 
 #include "tools/kestrel/command_line.h"
 #include "tools/kestrel/commands.h"
@@ -19,10 +25,11 @@ void Complain(std::string message) {
   std::replace_if(
       message.begin(), message.end(),
       [](char character) { return static_cast<unsigned char>(character) < ' '; }, '?');
-  std::cerr << "kestrel: " << message << '\n';
+  message = "kestrel: " + message + "\n";
+  static_cast<void>(std::fputs(message.c_str(), stderr));
 }
 
-ExitCode Run(int argumentCount, const char* const* arguments) {
+ExitCode Try(int argumentCount, const char* const* arguments) {
   const kestrel::ParsedCommandLine parsed = kestrel::ParseCommandLine(argumentCount, arguments);
   if (!parsed.Answer.empty()) {
     kestrel::WriteToStandardOutput(parsed.Answer);
@@ -34,16 +41,10 @@ ExitCode Run(int argumentCount, const char* const* arguments) {
   return ExitCode::Done;
 }
 
-}  // namespace
-
-int main(int argumentCount, char** arguments) {
-#if defined(SIGPIPE)
-  // A reader that goes away shows as a failed write.
-  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
-#endif
+int Run(int argumentCount, const char* const* arguments) {
   ExitCode code = ExitCode::Failed;
   try {
-    code = Run(argumentCount, arguments);
+    code = Try(argumentCount, arguments);
   } catch (const kestrel::ToolError& error) {
     Complain(error.what());
     code = error.GetCode();
@@ -54,3 +55,30 @@ int main(int argumentCount, char** arguments) {
   }
   return static_cast<int>(code);
 }
+
+}  // namespace
+
+#if defined(_WIN32)
+
+// File names of any script come as UTF-16 alone.
+int wmain(int argumentCount, wchar_t** wideArguments) {
+  std::vector<std::string> texts;
+  for (int index = 0; index < argumentCount; ++index) {
+    texts.push_back(kestrel::ToUtf8(wideArguments[index]));
+  }
+  std::vector<const char*> arguments;
+  for (const std::string& text : texts) {
+    arguments.push_back(text.c_str());
+  }
+  return Run(argumentCount, arguments.data());
+}
+
+#else
+
+int main(int argumentCount, char** arguments) {
+  // A reader that goes away shows as a failed write.
+  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+  return Run(argumentCount, arguments);
+}
+
+#endif

@@ -1,18 +1,17 @@
 #include "tools/kestrel/output.h"
 
+#include <algorithm>
 #include <cerrno>
-#include <cstdio>
-#include <filesystem>
-#include <memory>
-#include <string>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <system_error>
-#include <utility>
 
 #if defined(_WIN32)
-#include <fcntl.h>
 #include <io.h>
+
+#include "platform/wide_text.h"
+#include "platform/win32.h"
 #else
-#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -22,127 +21,132 @@ namespace kestrel {
 
 namespace {
 
-namespace fs = std::filesystem;
+constexpr int kStandardOutput = 1;
 
-[[noreturn]] void ThrowCannotWrite(const std::string& target, const std::error_code& error) {
-  throw ToolError(target + " cannot be written (" + error.message() +
-                  "): write to a place that takes it");
+// Old consoles of Windows take no more than some 60 KiB at once.
+constexpr std::size_t kMostAtOnce = 0x8000;
+
+#if defined(_WIN32)
+
+int Open(const std::string& path, int flags) {
+  return _wopen(ToWide(path).c_str(), flags | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
 }
+
+// Opens and empties a file that is there; of a link itself, not what it names.
+int OpenWithoutLinks(const std::string& path) {
+  HANDLE file = CreateFileW(ToWide(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                            TRUNCATE_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    errno = EACCES;
+    return -1;
+  }
+  return _open_osfhandle(reinterpret_cast<std::intptr_t>(file), _O_BINARY);
+}
+
+bool IsRegularFile(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(ToWide(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES &&
+         (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT)) == 0;
+}
+
+int Write(int descriptor, std::string_view bytes) {
+  return _write(descriptor, bytes.data(), static_cast<unsigned>(bytes.size()));
+}
+
+void Remove(const std::string& path) { _wunlink(ToWide(path).c_str()); }
+
+void MakeBinary(int descriptor) { _setmode(descriptor, _O_BINARY); }
+
+#else
+
+int Open(const std::string& path, int flags) {
+  // Permissions for everybody, less those that the process's mask takes away.
+  return open(path.c_str(), flags | O_CLOEXEC,
+              S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH);
+}
+
+int OpenWithoutLinks(const std::string& path) {
+  return Open(path, O_WRONLY | O_TRUNC | O_NOFOLLOW | O_NONBLOCK);
+}
+
+bool IsRegularFile(const std::string& path) {
+  struct stat status = {};
+  return lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+ssize_t Write(int descriptor, std::string_view bytes) {
+  return write(descriptor, bytes.data(), bytes.size());
+}
+
+void Remove(const std::string& path) { unlink(path.c_str()); }
+
+void MakeBinary(int /*descriptor*/) {}
+
+#endif
 
 std::error_code LastError() { return {errno, std::generic_category()}; }
 
-struct CloseFile {
-  void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
-};
-
-using File = std::unique_ptr<std::FILE, CloseFile>;
-
-// Writes and closes.
-std::error_code WriteAndClose(File file, std::string_view bytes) {
-  errno = 0;
-  if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() ||
-      std::fflush(file.get()) != 0) {
-    return LastError();
-  }
-  return std::fclose(file.release()) == 0 ? std::error_code() : LastError();
-}
-
-// Opens a file that was not there before, never one that somebody else made meanwhile.
-File CreateNew(const fs::path& path) {
-#if defined(_WIN32)
-  std::error_code ignored;
-  return fs::exists(path, ignored) ? File() : File(std::fopen(path.string().c_str(), "wb"));
-#else
-  return File(std::fopen(path.c_str(), "wbx"));
-#endif
-}
-
-// Opens a new file whose name is that of the target and more. Gives none, and the system's error,
-// when that fails.
-File CreateBeside(const fs::path& target, fs::path& path, std::error_code& error) {
-  constexpr int kMostNames = 100;
-  for (int number = 0; number < kMostNames; ++number) {
-    path = target.string() + ".new" + std::to_string(number);
-    errno = 0;
-    File file = CreateNew(path);
-    error = LastError();
-    std::error_code ignored;
-    if (file || !fs::exists(path, ignored)) {
-      return file;
+std::error_code WriteAll(int descriptor, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const auto count = Write(descriptor, bytes.substr(0, kMostAtOnce));
+    if (count >= 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(count));
+    } else if (errno != EINTR) {
+      return LastError();
     }
   }
   return {};
 }
 
-// A file that takes the place of another belongs to the same people.
-void TakeOverOwnership(const fs::path& from, const fs::path& path) {
-  std::error_code ignored;
-#if !defined(_WIN32)
-  struct stat status = {};
-  if (stat(from.c_str(), &status) == 0) {
-    // Only root may; everybody else owns what they write.
-    static_cast<void>(chown(path.c_str(), status.st_uid, status.st_gid) == 0);
+// Takes what an attempt to open a file gave.
+std::error_code WriteAndClose(int descriptor, std::string_view bytes) {
+  if (descriptor < 0) {
+    return LastError();
   }
-#endif
-  fs::permissions(path, fs::status(from, ignored).permissions(), ignored);
+  const std::error_code error = WriteAll(descriptor, bytes);
+  return close(descriptor) == 0 || error ? error : LastError();
 }
 
-std::error_code WriteInPlace(const std::string& path, std::string_view bytes) {
-  errno = 0;
-  File file(std::fopen(path.c_str(), "wb"));
-  return file ? WriteAndClose(std::move(file), bytes) : LastError();
-}
-
-std::error_code Replace(const fs::path& target, std::string_view bytes) {
-  fs::path path;
-  std::error_code error;
-  File file = CreateBeside(target, path, error);
-  if (!file) {
-    return error;
-  }
-  std::error_code ignored;
-  if (fs::exists(target, ignored)) {
-    TakeOverOwnership(target, path);
-  }
-  error = WriteAndClose(std::move(file), bytes);
-  if (!error) {
-    fs::rename(path, target, error);
-  }
+void ThrowIf(std::error_code error, const std::string& target) {
   if (error) {
-    fs::remove(path, ignored);
+    throw ToolError(target + " cannot be written (" + error.message() +
+                    "): write to a place that takes it");
   }
-  return error;
 }
+
+std::string Quoted(const std::string& path) { return "'" + path + "'"; }
 
 }  // namespace
 
-void WriteToStandardOutput(std::string_view text) {
-#if defined(_WIN32)
-  _setmode(_fileno(stdout), _O_BINARY);
-#endif
-  errno = 0;
-  const bool written =
-      std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
-  if (!written && errno != EPIPE) {
-    ThrowCannotWrite("standard output", LastError());
+void WriteToStandardOutput(std::string_view bytes) {
+  MakeBinary(kStandardOutput);
+  const std::error_code error = WriteAll(kStandardOutput, bytes);
+  if (error != std::errc::broken_pipe) {
+    ThrowIf(error, "standard output");
   }
 }
 
 void WriteFile(const std::string& path, std::string_view bytes) {
-  std::error_code failure;
-  const fs::file_status status = fs::status(path, failure);
-  std::error_code error;
-  if (fs::is_regular_file(status)) {
-    // What a link names is replaced, not the link.
-    error = Replace(fs::canonical(path, failure), bytes);
-  } else if (fs::exists(status) || fs::is_symlink(fs::symlink_status(path, failure))) {
-    error = WriteInPlace(path, bytes);
-  } else {
-    error = Replace(path, bytes);
+  ThrowIf(WriteAndClose(Open(path, O_WRONLY | O_CREAT | O_TRUNC), bytes), Quoted(path));
+}
+
+void WriteNewFile(const std::string& path, std::string_view bytes, bool force) {
+  int descriptor = Open(path, O_WRONLY | O_CREAT | O_EXCL);
+  const bool isNew = descriptor >= 0;
+  if (!isNew && errno == EEXIST) {
+    if (!force) {
+      throw ToolError(Quoted(path) + " is there already: name another file, or use --force");
+    }
+    if (!IsRegularFile(path)) {
+      throw ToolError(Quoted(path) + " is not a regular file: name another one");
+    }
+    descriptor = OpenWithoutLinks(path);
   }
-  if (error) {
-    ThrowCannotWrite("'" + path + "'", error);
+  const std::error_code error = WriteAndClose(descriptor, bytes);
+  if (error && isNew) {
+    Remove(path);
   }
+  ThrowIf(error, Quoted(path));
 }
 
 }  // namespace kestrel

@@ -2,129 +2,113 @@
 
 #include <utility>
 
+#include "firmware/table_measure.h"
 #include "model/text.h"
 #include "sample/sample_table.h"
+#include "tools/kestrel/machine.h"
 #include "tools/kestrel/tool_error.h"
 
 namespace kestrel {
 
 namespace {
 
-#if defined(_WIN32)
-constexpr const char* kNoMachineTables =
-    "this machine shows no SMBIOS tables: run it as an administrator with the driver file beside "
-    "it";
-#else
-constexpr const char* kNoMachineTables =
-    "this machine shows no SMBIOS tables: run it as root where there is /sys/firmware/dmi/tables";
-#endif
-
-constexpr const char* kOtherSources = ", or use --image FILE or --sample";
-
 struct ProblemText {
-  ImageProblem Problem;
-  // Stands behind the name of the image.
+  SourceProblem Problem;
   const char* Text;
 };
 
 constexpr ProblemText kProblemTexts[] = {
-    {ImageProblem::NotAFile, " is not a file: name a saved image"},
-    {ImageProblem::Empty, " is empty: save the image again"},
-    {ImageProblem::TooLarge,
-     " is too large: an image ends below 4 GiB, a raw table at 65,535 bytes"},
-    {ImageProblem::NotRecognised,
+    {SourceProblem::NotAFile, " is not a file: name a saved image"},
+    {SourceProblem::Empty, " is empty: save the image again"},
+    {SourceProblem::TooLarge, " is too large: a raw table ends at 16 MiB"},
+    {SourceProblem::NotRecognised,
      " is not of the kind that --format names: leave it to be recognised"},
-    {ImageProblem::NoEntryPoint,
+    {SourceProblem::NoEntryPoint,
      " has no SMBIOS entry point between F0000h and FFFFFh: save an image that holds it"},
-    {ImageProblem::EntryPointCut, " ends inside its entry point: save the image again"},
-    {ImageProblem::TableOutside,
+    {SourceProblem::EntryPointCut, " ends inside its entry point: save the image again"},
+    {SourceProblem::TableOutside,
      " does not hold the table that its entry point names: save an image that does"},
-    {ImageProblem::TableEmpty, " has a table of no bytes: save the image again"},
+    {SourceProblem::TableEmpty, " has a table of no bytes: save the image again"},
 };
 
-std::string TextOfProblem(const ImageFirmware& image) {
-  if (image.GetProblem() == ImageProblem::CannotOpen) {
-    return " cannot be read (" + image.GetError().message() + "): name a file that can";
+// Follows the name of the image.
+std::string TextOf(const ImageResult& image) {
+  const SourceResult& source = image.Source;
+  if (image.Kind == ImageKind::Folder) {
+    if (source.Error == std::errc::no_such_file_or_directory) {
+      return " is no folder with smbios_entry_point and DMI: name one, or a saved image";
+    }
+    if (source.Problem == SourceProblem::NoEntryPoint) {
+      return " has no entry point of a known kind: use --image with its DMI";
+    }
   }
-  if (image.GetProblem() == ImageProblem::NotRecognised && image.GetKind() == ImageKind::Auto) {
+  if (source.Problem == SourceProblem::CannotRead) {
+    return " cannot be read (" + source.Error.message() + "): name a file that can";
+  }
+  if (source.Problem == SourceProblem::NotRecognised && image.Kind == ImageKind::Auto) {
     return " is no image of a known kind: name a saved image, or its kind with --format";
   }
   for (const ProblemText& row : kProblemTexts) {
-    if (row.Problem == image.GetProblem()) {
+    if (row.Problem == source.Problem) {
       return row.Text;
     }
   }
   return " cannot be used: save the image again";
 }
 
-void WarnOfVersion(const FirmwareAccess& access, const SourceOptions& options,
-                   OpenedSource& source) {
-  const auto* image = dynamic_cast<const ImageFirmware*>(&access);
-  if (options.RawVersion && image != nullptr && image->GetKind() != ImageKind::Raw) {
-    source.Warnings.emplace_back("--smbios-version is left aside: the image has its own version");
+SmbiosTable ReadNamedImage(const SourceOptions& options, std::vector<std::string>& warnings) {
+  ImageResult image =
+      ReadImage(*options.Image, options.Format, options.RawVersion.value_or(SmbiosVersion{}));
+  if (image.Source.Problem != SourceProblem::None) {
+    throw ToolError("'" + *options.Image + "'" + TextOf(image));
   }
+  if (image.Source.Table.Bytes.empty()) {
+    throw ToolError("'" + *options.Image + "' has a table of no bytes: save the image again");
+  }
+  if (options.RawVersion && image.Kind != ImageKind::Raw) {
+    warnings.emplace_back("--smbios-version is left aside: the image has its own version");
+  }
+  return std::move(image.Source.Table);
 }
 
-void WarnOfPresentation(const FirmwareAccess& access, OpenedSource& source) {
-  // Only tables that are presented as memory can be shortened or cut on the way there.
-  const auto* presented = dynamic_cast<const TableFirmware*>(&access);
-  if (presented != nullptr && presented->IsShortened()) {
-    source.Warnings.emplace_back(
-        "the table is longer than 65,535 bytes: the structures beyond them are left out");
+SmbiosTable ReadThisMachine(const SourceOptions& options) {
+  std::string failure;
+  std::optional<SmbiosTable> table = ReadMachine(failure);
+  if (!table) {
+    throw ToolError(failure + (options.MachineOnly ? "" : ", or use --image FILE or --sample"));
   }
-  if (presented != nullptr && presented->IsCut()) {
-    source.Warnings.emplace_back("the table is cut: it is shown as far as it goes");
-  }
+  return std::move(*table);
 }
 
-void WarnOfRead(OpenedSource& source) {
-  const TableCopy& table = source.Table;
-  if (table.BytesRead < table.Bytes.size()) {
-    std::string& warning = source.Warnings.emplace_back();
-    Append(warning,
-           {"the table is cut, ", Decimal(table.BytesRead), " of ", Decimal(table.Bytes.size()),
-            " bytes are there: it is shown as far as it goes"});
-  }
+SmbiosTable SampleTable() {
+  SmbiosTable table;
+  table.Bytes = MakeSampleTable();
+  table.EntryPoint.Version = kSampleVersion;
+  table.EntryPoint.TableLength = static_cast<std::uint32_t>(table.Bytes.size());
+  return table;
 }
 
-std::unique_ptr<FirmwareAccess> MakeAccess(const SourceOptions& options) {
-  if (options.Image) {
-    return std::make_unique<ImageFirmware>(*options.Image, options.Format,
-                                           options.RawVersion.value_or(SmbiosVersion{}));
+void WarnOfCut(const SmbiosTable& table, std::vector<std::string>& warnings) {
+  if (!IsCut(table)) {
+    return;
   }
-  if (options.Sample) {
-    return std::make_unique<TableFirmware>(kSampleVersion, MakeSampleTable());
+  std::string& warning = warnings.emplace_back("the table is cut");
+  // A 64-bit entry point does not tell how many bytes there should be.
+  if (table.EntryPoint.Kind != EntryPointKind::Bits64) {
+    Append(warning, {", ", Decimal(table.Bytes.size()), " of ",
+                     Decimal(table.EntryPoint.TableLength), " bytes are there"});
   }
-  return MakeMachineAccess();
-}
-
-std::string TextOfFailure(const SourceOptions& options, const FirmwareAccess& access) {
-  const auto* image = dynamic_cast<const ImageFirmware*>(&access);
-  if (image != nullptr) {
-    return "'" + *options.Image + "'" + TextOfProblem(*image);
-  }
-  return std::string(kNoMachineTables) + (options.MachineOnly ? "" : kOtherSources);
+  warning.append(": it is shown as far as it goes");
 }
 
 }  // namespace
 
-OpenedSource OpenSource(const SourceOptions& options) {
-  std::unique_ptr<FirmwareAccess> owned = MakeAccess(options);
-  const FirmwareAccess& access = *owned;
-  OpenedSource source;
-  source.Reader.reset(new SMBiosReader(std::move(owned)));
-  if (source.Reader->OpenAccess() == 0) {
-    throw ToolError(TextOfFailure(options, access));
-  }
-  WarnOfVersion(access, options, source);
-  WarnOfPresentation(access, source);
-  std::optional<TableCopy> table = source.Reader->CopyTable();
-  if (!table || table->Bytes.empty()) {
-    throw ToolError(TextOfFailure(options, access));
-  }
-  source.Table = std::move(*table);
-  WarnOfRead(source);
-  return source;
+SmbiosTable ReadSource(const SourceOptions& options, std::vector<std::string>& warnings) {
+  SmbiosTable table = options.Image    ? ReadNamedImage(options, warnings)
+                      : options.Sample ? SampleTable()
+                                       : ReadThisMachine(options);
+  WarnOfCut(table, warnings);
+  return table;
 }
 
 }  // namespace kestrel

@@ -14,7 +14,7 @@ enum class ExitCode {
   WrongUsage = 2,
 };
 
-// Ends a command. The text becomes the one line on standard error, behind "kestrel: "; it says what
+// Ends a command. The text becomes the one line on standard error, after "kestrel: "; it says what
 // went wrong, then ": " and what to do.
 class ToolError : public std::runtime_error {
  public:

@@ -1,0 +1,239 @@
+#include "firmware/image.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "firmware/entry_point.h"
+#include "firmware/entry_point_search.h"
+#include "firmware/file_reader.h"
+#include "firmware/table_folder.h"
+#include "model/table_cursor.h"
+#include "model/table_walk.h"
+
+namespace kestrel {
+
+namespace {
+
+constexpr std::uint64_t kFirstMegabyte = 0x100000;
+constexpr std::size_t kBiosAreaSize = kBiosAreaEnd - kBiosAreaStart;
+
+// Where a 64-bit entry point may stand.
+constexpr std::size_t kParagraph = 16;
+
+// Where most programs that save a dump put the table.
+constexpr std::uint64_t kUsualTableOffset = 0x20;
+
+// The place of the entry point in a BIOS area: of the first 32-bit one, or without any of the first
+// 64-bit one.
+std::optional<std::size_t> FindInBiosArea(std::span<const std::uint8_t> area) {
+  std::size_t offset = 0;
+  if (FindDword(area, kAnchor, offset) != 0) {
+    return offset;
+  }
+  for (offset = 0; offset < area.size(); offset += kParagraph) {
+    if (HasEntryPointAnchor(area.subspan(offset))) {
+      return offset;
+    }
+  }
+  return std::nullopt;
+}
+
+class Image {
+ public:
+  Image(FileReader& file, SmbiosVersion rawVersion) : File(file), RawVersion(rawVersion) {}
+
+  ImageResult Recognise();
+  SourceResult Load(ImageKind kind);
+
+ private:
+  SourceResult LoadMemory();
+  SourceResult LoadDump();
+  SourceResult LoadRsmb();
+  SourceResult LoadRaw();
+  SourceResult LoadTable(EntryPointFacts entryPoint, std::uint64_t offset);
+  std::optional<std::uint64_t> FindTable(const EntryPointFacts& entryPoint);
+  bool HoldsStructure(std::uint64_t offset);
+
+  FileReader& File;
+  SmbiosVersion RawVersion;
+};
+
+ImageResult Image::Recognise() {
+  SourceResult first = SourceProblem::NotRecognised;
+  for (const ImageKind kind : {ImageKind::Memory, ImageKind::Dump, ImageKind::Rsmb}) {
+    SourceResult result = Load(kind);
+    if (result.Problem == SourceProblem::None) {
+      return {std::move(result), kind};
+    }
+    // The first kind whose outer form fits knows best what is wrong.
+    if (first.Problem == SourceProblem::NotRecognised) {
+      first = std::move(result);
+    }
+  }
+  // A bare table has nothing that names it, so its first structure must be whole: a text, or any
+  // file without the pair of zeros that closes a structure, is none.
+  if (first.Problem == SourceProblem::NotRecognised && HoldsStructure(0)) {
+    return {Load(ImageKind::Raw), ImageKind::Raw};
+  }
+  return {std::move(first), ImageKind::Auto};
+}
+
+SourceResult Image::Load(ImageKind kind) {
+  switch (kind) {
+    case ImageKind::Memory:
+      return LoadMemory();
+    case ImageKind::Dump:
+      return LoadDump();
+    case ImageKind::Rsmb:
+      return LoadRsmb();
+    case ImageKind::Raw:
+      return LoadRaw();
+    case ImageKind::Auto:
+    case ImageKind::Folder:
+      break;
+  }
+  return SourceProblem::NotRecognised;
+}
+
+SourceResult Image::LoadMemory() {
+  std::uint64_t start = 0;
+  if (File.GetSize() == kBiosAreaSize) {
+    start = kBiosAreaStart;
+  } else if (File.GetSize() < kFirstMegabyte) {
+    return SourceProblem::NotRecognised;
+  }
+  const std::uint64_t area = kBiosAreaStart - start;
+  const auto place = FindInBiosArea(File.Read(area, kBiosAreaSize));
+  if (!place) {
+    return SourceProblem::NoEntryPoint;
+  }
+  auto entryPoint = ParseEntryPoint(File.Read(area + *place, kLargestEntryPoint));
+  if (!entryPoint) {
+    return SourceProblem::EntryPointCut;
+  }
+  if (entryPoint->TableAddress < start) {
+    return SourceProblem::TableOutside;
+  }
+  const std::uint64_t offset = entryPoint->TableAddress - start;
+  return LoadTable(std::move(*entryPoint), offset);
+}
+
+SourceResult Image::LoadDump() {
+  const auto bytes = File.Read(0, kLargestEntryPoint);
+  auto entryPoint = ParseEntryPoint(bytes);
+  if (!entryPoint) {
+    return HasEntryPointAnchor(bytes) ? SourceProblem::EntryPointCut : SourceProblem::NotRecognised;
+  }
+  const auto offset = FindTable(*entryPoint);
+  if (!offset) {
+    return entryPoint->TableLength == 0 ? SourceProblem::TableEmpty : SourceProblem::TableOutside;
+  }
+  return LoadTable(std::move(*entryPoint), *offset);
+}
+
+SourceResult Image::LoadRsmb() {
+  auto facts = ParseRsmbHeader(File.Read(0, kRsmbHeaderSize));
+  if (!facts || File.GetSize() != kRsmbHeaderSize + std::uint64_t{facts->TableLength}) {
+    return SourceProblem::NotRecognised;
+  }
+  return LoadTable(std::move(*facts), kRsmbHeaderSize);
+}
+
+SourceResult Image::LoadRaw() {
+  if (File.GetSize() > kLargestLoad) {
+    return SourceProblem::TooLarge;
+  }
+  EntryPointFacts facts;
+  facts.Version = RawVersion;
+  facts.TableLength = static_cast<std::uint32_t>(File.GetSize());
+  return LoadTable(std::move(facts), 0);
+}
+
+SourceResult Image::LoadTable(EntryPointFacts entryPoint, std::uint64_t offset) {
+  if (entryPoint.TableLength == 0) {
+    return SourceProblem::TableEmpty;
+  }
+  if (offset >= File.GetSize()) {
+    return SourceProblem::TableOutside;
+  }
+  auto bytes = File.Read(offset, std::min(entryPoint.TableLength, kLargestLoad));
+  return SmbiosTable{std::move(entryPoint), std::move(bytes)};
+}
+
+// Many dumps keep the table's address in the machine's memory. In these the table follows the entry
+// point, which zeros may fill up to 20h bytes.
+std::optional<std::uint64_t> Image::FindTable(const EntryPointFacts& entryPoint) {
+  const std::uint64_t end = entryPoint.Bytes.size();
+  const std::uint64_t address = entryPoint.TableAddress;
+  if (address < File.GetSize()) {
+    return address < end ? std::nullopt : std::optional(address);
+  }
+  const auto fits = [&](std::uint64_t offset) {
+    return offset + entryPoint.TableLength == File.GetSize();
+  };
+  const auto between = File.Read(end, static_cast<std::size_t>(kUsualTableOffset - end));
+  const bool isFilledUp =
+      std::all_of(between.begin(), between.end(), [](std::uint8_t byte) { return byte == 0; });
+  // Bytes in the midst of a structure may look like another one, so the likelier place comes first.
+  std::array<std::uint64_t, 2> places = {kUsualTableOffset, end};
+  if (!fits(kUsualTableOffset) && (fits(end) || !isFilledUp)) {
+    std::swap(places[0], places[1]);
+  }
+  for (const std::uint64_t place : places) {
+    if (HoldsStructure(place)) {
+      return place;
+    }
+  }
+  return std::nullopt;
+}
+
+// Whether a whole structure begins there.
+bool Image::HoldsStructure(std::uint64_t offset) {
+  const auto bytes = File.Read(offset, kLongestTable);
+  TableCursor cursor(bytes);
+  const std::uint8_t length = cursor.Peek(1);
+  MoveToNextStructure(cursor, 0);
+  return length >= kHeaderSize && bytes.size() >= length + std::size_t{2} && !cursor.IsPastEnd();
+}
+
+}  // namespace
+
+ImageResult ReadImage(const std::string& path, ImageKind kind, SmbiosVersion rawVersion) {
+  if (kind == ImageKind::Folder || (kind == ImageKind::Auto && IsFolder(path))) {
+    return {ReadTableFolder(path), ImageKind::Folder};
+  }
+  FileReader file;
+  if (!file.Open(path)) {
+    return {
+        {file.GetError() ? SourceProblem::CannotRead : SourceProblem::NotAFile, file.GetError()},
+        kind};
+  }
+  if (file.GetSize() == 0) {
+    return {SourceProblem::Empty, kind};
+  }
+  Image image(file, rawVersion);
+  ImageResult result =
+      kind == ImageKind::Auto ? image.Recognise() : ImageResult{image.Load(kind), kind};
+  if (file.GetError()) {
+    return {{SourceProblem::CannotRead, file.GetError()}, kind};
+  }
+  return result;
+}
+
+std::optional<EntryPointFacts> ParseRsmbHeader(std::span<const std::uint8_t> bytes) {
+  if (bytes.size() < kRsmbHeaderSize) {
+    return std::nullopt;
+  }
+  TableCursor cursor(bytes);
+  cursor.Skip(1);  // calling method
+  EntryPointFacts facts;
+  facts.Version.Major = cursor.U8();
+  facts.Version.Minor = cursor.U8();
+  cursor.Skip(1);  // revision
+  facts.TableLength = cursor.U32();
+  return facts;
+}
+
+}  // namespace kestrel

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <system_error>
+#include <utility>
+
+#include "model/smbios_table.h"
+
+namespace kestrel {
+
+// Why a source has no table.
+enum class SourceProblem {
+  None,
+  CannotRead,     // Error tells why
+  NotAFile,       // a device, or a folder without tables
+  Empty,          // no bytes at all
+  TooLarge,       // too long for a raw table
+  NotRecognised,  // none of the kinds fits, or not the one that was asked for
+  NoEntryPoint,   // none where it should be, or none of a known kind
+  EntryPointCut,  // the source ends inside the entry point
+  TableOutside,   // the table that the entry point names is not in the image
+  TableEmpty,     // a table of no bytes is announced
+};
+
+// What came of a source: a table, or the reason why there is none.
+struct SourceResult {
+  SourceResult() = default;
+  // NOLINTNEXTLINE(google-explicit-constructor): a source returns one or the other.
+  SourceResult(SmbiosTable table) : Table(std::move(table)) {}
+  SourceResult(SourceProblem problem, std::error_code error = {})
+      : Problem(problem), Error(error) {}
+
+  SmbiosTable Table;
+  SourceProblem Problem = SourceProblem::None;
+  std::error_code Error;
+};
+
+}  // namespace kestrel

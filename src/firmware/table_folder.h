@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "firmware/source_result.h"
+
+namespace kestrel {
+
+// Reads the table from a folder with two files, as the Linux kernel publishes it: the entry point
+// in smbios_entry_point, the table in DMI.
+SourceResult ReadTableFolder(const std::string& folder);
+
+}  // namespace kestrel

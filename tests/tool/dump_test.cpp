@@ -1,0 +1,42 @@
+#include "tools/kestrel/dump.h"
+
+#include <gtest/gtest.h>
+
+#include "firmware/entry_point.h"
+#include "tests/firmware/entry_points.h"
+
+namespace kestrel {
+namespace {
+
+TEST(DumpTest, NamesItsOwnTable) {
+  const Bytes table = {127, 4, 0x34, 0x12, 0, 0};
+  const struct {
+    const char* Name;
+    Bytes EntryPoint;
+    Bytes Expected;
+  } cases[] = {
+      // Checksums change by as much as the address: 22h + (FEh + CAh + EDh + 0Bh) - 20h.
+      {"32-bit",
+       EntryPoint32({2, 3}, 6, 0x0BEDCAFE),
+       {'_', 'S', 'M', '_', 0x11, 31,   2, 3, 0x40, 0, 0, 1, 2, 3, 4,    5,
+        '_', 'D', 'M', 'I', '_',  0xC2, 6, 0, 0x20, 0, 0, 0, 2, 0, 0x23, 0}},
+      {"64-bit",
+       EntryPoint64(0x10006, 0x0102030405060708),
+       {'_',  'S', 'M', '3', '_', 0x37, 24, 3, 2, 7, 1, 0, 6, 0, 1, 0,
+        0x20, 0,   0,   0,   0,   0,    0,  0, 0, 0, 0, 0, 0, 0, 0, 0}},
+      // Both checksums make their sums 0.
+      {"none", {}, {'_', 'S', 'M', '_', 0x78, 31,   2, 3, 6,    0, 0, 0, 0, 0, 0,    0,
+                    '_', 'D', 'M', 'I', '_',  0x1E, 6, 0, 0x20, 0, 0, 0, 1, 0, 0x23, 0}},
+  };
+  for (const auto& test : cases) {
+    SmbiosTable source;
+    source.EntryPoint = ParseEntryPoint(test.EntryPoint).value_or(EntryPointFacts{});
+    source.EntryPoint.TableLength = 6;
+    source.Bytes = table;
+    const std::string dump = DumpOf(source);
+    EXPECT_EQ(Bytes(dump.begin(), dump.end()), Join({test.Expected, table})) << test.Name;
+  }
+}
+
+}  // namespace
+}  // namespace kestrel

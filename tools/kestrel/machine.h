@@ -1,0 +1,14 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "model/smbios_table.h"
+
+namespace kestrel {
+
+// Reads the table of the machine that the tool runs on, in the way of this system. When there is
+// none to be had, `failure` says why, then ": " and what to do.
+std::optional<SmbiosTable> ReadMachine(std::string& failure);
+
+}  // namespace kestrel
