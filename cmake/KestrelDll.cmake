@@ -26,6 +26,7 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     -Wl,--major-os-version,4,--minor-os-version,0
     -Wl,--major-subsystem-version,4,--minor-subsystem-version,0
     -Wl,--disable-dynamicbase,--disable-nxcompat,--disable-long-section-names)
+  # In place of kestrel_core, which is compiled with exceptions for the tool.
   set_target_properties(kestrel_library PROPERTIES LINK_LIBRARIES
     "kestrel_compiler;gcc;msvcrt;kernel32")
 else()
