@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "catalog/structure_type.h"
+
+namespace kestrel::catalog {
+
+// The published structure types by subject, each table in the source of its name.
+extern const std::span<const StructureType> kFirmwareTypes;    // firmware_types.cpp
+extern const std::span<const StructureType> kSystemTypes;      // system_types.cpp
+extern const std::span<const StructureType> kProcessorTypes;   // processor_types.cpp
+extern const std::span<const StructureType> kMemoryTypes;      // memory_types.cpp
+extern const std::span<const StructureType> kConnectorTypes;   // connector_types.cpp
+extern const std::span<const StructureType> kPowerTypes;       // power_types.cpp
+extern const std::span<const StructureType> kManagementTypes;  // management_types.cpp
+
+// The published type of that number, or nullptr.
+const StructureType* FindStructureType(std::uint8_t type);
+
+}  // namespace kestrel::catalog
