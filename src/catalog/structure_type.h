@@ -62,11 +62,11 @@ enum class Kind : std::uint8_t {
 // How a derived field is made of the fields that it names. A result is unknown where the firmware
 // says so, or where the values have no meaning.
 enum class Formula : std::uint8_t {
-  // One field times Factor, divided by Divisor; unknown when it equals Unknown.
+  // One field times Factor; unknown when it equals Unknown.
   Scaled,
   // The same with a signed field.
   ScaledSigned,
-  // The first field times Factor or, when it equals Unknown, the second times Factor.
+  // The first field times Factor or, when it equals Unknown, the second times SecondFactor.
   ScaledOrExtended,
   RomSize,            // 64 KiB units less one; FFh: the extended size
   CacheSize,          // 1 KiB or 64 KiB units by bit 15; FFFFh: the second size, by bit 31
@@ -90,9 +90,10 @@ struct Derivation {
   std::uint8_t FirstWidth = 2;
   std::uint8_t SecondWidth = 4;
   std::int32_t Factor = 1;
-  std::int32_t Divisor = 1;
-  std::uint32_t Unknown = 0;
+  std::int32_t SecondFactor = 1;
+  std::uint64_t Unknown = 0;
   bool HasUnknown = false;
+  bool ZeroIsUnknown = false;
 };
 
 // A field that stands right after one whose size the structure tells, and so at no fixed offset.
@@ -125,7 +126,11 @@ struct Field {
 // is not there.
 struct List {
   // How many there are, and how long each is.
-  enum class Count : std::uint8_t { FromField, ToTheEnd };
+  enum class Count : std::uint8_t {
+    FieldBefore,  // as the field right before the list tells
+    FromField,    // as the byte at offset CountOffset of the structure tells
+    ToTheEnd,
+  };
   enum class Size : std::uint8_t {
     Fixed,        // SizeOrOffset bytes
     FromField,    // as the byte at offset SizeOrOffset of the structure tells
@@ -133,11 +138,10 @@ struct List {
     AsItsFields,  // as long as its fields turn out to be
   };
 
-  Count CountRule;
-  // The offset of the count in the structure, and its width, where a field tells it.
-  std::uint8_t CountOffset;
-  Size SizeRule;
-  std::uint8_t SizeOrOffset;
+  Count CountRule = Count::FieldBefore;
+  std::uint8_t CountOffset = 0;
+  Size SizeRule = Size::Fixed;
+  std::uint8_t SizeOrOffset = 0;
   // A single field with an empty key makes a list of plain values rather than of objects.
   std::span<const Field> Fields;
 };
