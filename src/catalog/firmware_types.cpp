@@ -1,0 +1,311 @@
+// The firmware: what it is, what it logs, how it boots, and what it adds to other structures.
+
+#include "catalog/structure_types.h"
+
+namespace kestrel::catalog {
+
+namespace {
+
+// BIOS Information (Type 0)
+
+constexpr Bit kBiosCharacteristics[] = {
+    {2, "Unknown"},
+    {3, "BIOS Characteristics are not supported"},
+    {4, "ISA is supported"},
+    {5, "MCA is supported"},
+    {6, "EISA is supported"},
+    {7, "PCI is supported"},
+    {8, "PC card (PCMCIA) is supported"},
+    {9, "Plug and Play is supported"},
+    {10, "APM is supported"},
+    {11, "BIOS is upgradeable (Flash)"},
+    {12, "BIOS shadowing is allowed"},
+    {13, "VL-VESA is supported"},
+    {14, "ESCD support is available"},
+    {15, "Boot from CD is supported"},
+    {16, "Selectable boot is supported"},
+    {17, "BIOS ROM is socketed"},
+    {18, "Boot from PC card (PCMCIA) is supported"},
+    {19, "EDD Specification is supported"},
+    {20,
+     "Int 13h - Japanese floppy for NEC 9800 1.2 MB (3.5\", 1K bytes/sector, 360 RPM) is "
+     "supported"},
+    {21, "Int 13h - Japanese floppy for Toshiba 1.2 MB (3.5\", 360 RPM) is supported"},
+    {22, "Int 13h - 5.25\"/360 KB floppy services are supported"},
+    {23, "Int 13h - 5.25\"/1.2 MB floppy services are supported"},
+    {24, "Int 13h - 3.5\"/720 KB floppy services are supported"},
+    {25, "Int 13h - 3.5\"/2.88 MB floppy services are supported"},
+    {26, "Int 5h, print screen Service is supported"},
+    {27, "Int 9h, 8042 keyboard services are supported"},
+    {28, "Int 14h, serial services are supported"},
+    {29, "Int 17h, printer services are supported"},
+    {30, "Int 10h, CGA/Mono Video Services are supported"},
+    {31, "NEC PC-98"},
+};
+
+constexpr Bit kBiosCharacteristicsExtension1[] = {
+    {0, "ACPI is supported"},
+    {1, "USB Legacy is supported"},
+    {2, "AGP is supported"},
+    {3, "I2O boot is supported"},
+    {4, "LS-120 SuperDisk boot is supported"},
+    {5, "ATAPI ZIP drive boot is supported"},
+    {6, "1394 boot is supported"},
+    {7, "Smart battery is supported"},
+};
+
+constexpr Bit kBiosCharacteristicsExtension2[] = {
+    {0, "BIOS Boot Specification is supported"},
+    {1, "Function key-initiated network service boot is supported"},
+    {2, "Enable targeted content distribution"},
+    {3, "UEFI Specification is supported"},
+    {4, "SMBIOS table describes a virtual machine"},
+    {5, "Manufacturing mode is supported"},
+    {6, "Manufacturing mode is enabled"},
+};
+
+constexpr Code kExtendedRomSizeUnits[] = {{0, "megabytes"}, {1, "gigabytes"}};
+
+constexpr Part kExtendedRomSize[] = {
+    NumberPart("size", 0, 14),
+    CodePart("unit", 14, 2, kExtendedRomSizeUnits),
+};
+
+constexpr Derivation kRomSize = {
+    .How = Formula::RomSize, .First = 0x09, .Second = 0x18, .FirstWidth = 1, .SecondWidth = 2};
+
+constexpr Field kBiosInformation[] = {
+    String(0x04, "vendor"),
+    String(0x05, "bios_version"),
+    Number(0x06, 2, "bios_starting_address_segment"),
+    String(0x08, "bios_release_date"),
+    Number(0x09, 1, "bios_rom_size"),
+    DerivedAs("rom_size_bytes", kRomSize),
+    BitsOf(0x0A, 8, "bios_characteristics", kBiosCharacteristics),
+    BitsOf(0x12, 1, "bios_characteristics_extension_byte_1", kBiosCharacteristicsExtension1),
+    BitsOf(0x13, 1, "bios_characteristics_extension_byte_2", kBiosCharacteristicsExtension2),
+    Number(0x14, 1, "system_bios_major_release"),
+    Number(0x15, 1, "system_bios_minor_release"),
+    Number(0x16, 1, "embedded_controller_firmware_major_release"),
+    Number(0x17, 1, "embedded_controller_firmware_minor_release"),
+    PartsOf(0x18, 2, "extended_bios_rom_size", kExtendedRomSize),
+};
+constexpr LeastLength kBiosInformationLengths[] = {
+    {2, 0, 0x12}, {2, 1, 0x13}, {2, 3, 0x14}, {2, 4, 0x18}, {3, 1, 0x1A},
+};
+
+// BIOS Language Information (Type 13)
+
+constexpr Bit kLanguageFlags[] = {{0, "Current Language strings use the abbreviated format"}};
+
+constexpr Field kBiosLanguageInformation[] = {
+    Number(0x04, 1, "installable_languages"),
+    BitsOf(0x05, 1, "flags", kLanguageFlags),
+    Reserved(0x06, 15),
+    String(0x15, "current_language"),
+};
+constexpr LeastLength kBiosLanguageInformationLengths[] = {{2, 0, 0x16}};
+
+// System Event Log (Type 15)
+
+constexpr Code kLogAccessMethods[] = {
+    {0x00, "Indexed I/O: 1 8-bit index port, 1 8-bit data port"},
+    {0x01, "Indexed I/O: 2 8-bit index ports, 1 8-bit data port"},
+    {0x02, "Indexed I/O: 1 16-bit index port, 1 8-bit data port"},
+    {0x03, "Memory-mapped physical 32-bit address"},
+    {0x04, "Available through General-Purpose NonVolatile Data functions"},
+};
+
+constexpr Bit kLogStatuses[] = {{0, "Log area valid"}, {1, "Log area full"}};
+
+constexpr Code kLogHeaderFormats[] = {{0x00, "No header"}, {0x01, "Type 1 log header"}};
+
+constexpr Code kLogTypes[] = {
+    {0x00, "Reserved"},
+    {0x01, "Single-bit ECC memory error"},
+    {0x02, "Multi-bit ECC memory error"},
+    {0x03, "Parity memory error"},
+    {0x04, "Bus time-out"},
+    {0x05, "I/O Channel Check"},
+    {0x06, "Software NMI"},
+    {0x07, "POST Memory Resize"},
+    {0x08, "POST Error"},
+    {0x09, "PCI Parity Error"},
+    {0x0A, "PCI System Error"},
+    {0x0B, "CPU Failure"},
+    {0x0C, "EISA FailSafe Timer time-out"},
+    {0x0D, "Correctable memory log disabled"},
+    {0x0E, "Logging disabled for a specific Event Type"},
+    {0x0F, "Reserved"},
+    {0x10, "System Limit Exceeded"},
+    {0x11, "Asynchronous hardware timer expired and issued a system reset"},
+    {0x12, "System configuration information"},
+    {0x13, "Hard-disk information"},
+    {0x14, "System reconfigured"},
+    {0x15, "Uncorrectable CPU-complex error"},
+    {0x16, "Log Area Reset/Cleared"},
+    {0x17, "System boot"},
+    {0xFF, "End of log"},
+};
+
+constexpr Code kLogDataFormats[] = {
+    {0x00, "None"},
+    {0x01, "Handle"},
+    {0x02, "Multiple-Event"},
+    {0x03, "Multiple-Event Handle"},
+    {0x04, "POST Results Bitmap"},
+    {0x05, "System Management Type"},
+    {0x06, "Multiple-Event System Management Type"},
+};
+
+constexpr Field kLogTypeDescriptor[] = {
+    CodeOf(0x00, 1, "log_type", kLogTypes),
+    CodeOf(0x01, 1, "variable_data_format_type", kLogDataFormats),
+};
+constexpr List kLogTypeDescriptors = {.CountRule = List::Count::FromField,
+                                      .CountOffset = 0x15,
+                                      .SizeRule = List::Size::FromField,
+                                      .SizeOrOffset = 0x16,
+                                      .Fields = kLogTypeDescriptor};
+
+constexpr Field kSystemEventLog[] = {
+    Number(0x04, 2, "log_area_length"),
+    Number(0x06, 2, "log_header_start_offset"),
+    Number(0x08, 2, "log_data_start_offset"),
+    CodeOf(0x0A, 1, "access_method", kLogAccessMethods),
+    BitsOf(0x0B, 1, "log_status", kLogStatuses),
+    Number(0x0C, 4, "log_change_token"),
+    Number(0x10, 4, "access_method_address"),
+    CodeOf(0x14, 1, "log_header_format", kLogHeaderFormats),
+    Number(0x15, 1, "number_of_supported_log_type_descriptors"),
+    Number(0x16, 1, "length_of_each_log_type_descriptor"),
+    ListOf(0x17, "list_of_supported_event_log_type_descriptors", kLogTypeDescriptors),
+};
+constexpr LeastLength kSystemEventLogLengths[] = {{2, 0, 0x14}, {2, 1, 0x17}};
+
+// Boot Integrity Services (BIS) Entry Point (Type 31)
+
+constexpr Field kBootIntegrityServices[] = {
+    Number(0x04, 1, "checksum"),     Reserved(0x05, 3),  Number(0x08, 4, "bis_entry_16"),
+    Number(0x0C, 4, "bis_entry_32"), Reserved(0x10, 12),
+};
+constexpr LeastLength kBootIntegrityServicesLengths[] = {{2, 3, 0x1C}};
+
+// System Boot Information (Type 32)
+
+constexpr Code kBootStatuses[] = {
+    {0, "No errors detected"},
+    {1, "No bootable media"},
+    {2, "The \"normal\" operating system failed to load"},
+    {3, "Firmware-detected hardware failure, including \"unknown\" failure types"},
+    {4, "Operating system-detected hardware failure"},
+    {5, "User-requested boot, usually through a keystroke"},
+    {6, "System security violation"},
+    {7, "Previously-requested image"},
+    {8, "A system watchdog timer expired, causing the system to reboot"},
+};
+
+constexpr Field kSystemBootInformation[] = {
+    Reserved(0x04, 6),
+    CodeOf(0x0A, 1, "boot_status", kBootStatuses),
+    Bytes(0x0B, kRest, "boot_status_data"),
+};
+constexpr LeastLength kSystemBootInformationLengths[] = {{2, 3, 0x0B}};
+
+// Additional Information (Type 40)
+
+constexpr Field kAdditionalInformationEntry[] = {
+    Number(0x00, 1, "entry_length"),      Handle(0x01, "referenced_handle"),
+    Number(0x03, 1, "referenced_offset"), String(0x04, "string"),
+    Bytes(0x05, kRest, "value"),
+};
+constexpr List kAdditionalInformationEntries = {.SizeRule = List::Size::FirstByte,
+                                                .Fields = kAdditionalInformationEntry};
+
+constexpr Field kAdditionalInformation[] = {
+    Number(0x04, 1, "number_of_additional_information_entries"),
+    ListOf(0x05, "additional_information_entries", kAdditionalInformationEntries),
+};
+constexpr LeastLength kAdditionalInformationLengths[] = {{2, 6, 0x0B}};
+
+// Firmware Inventory Information (Type 45)
+
+constexpr Code kFirmwareVersionFormats[] = {
+    {0x00, "Free-form string"},
+    {0x01, "MAJOR.MINOR"},
+    {0x02, "32-bit hexadecimal string"},
+    {0x03, "64-bit hexadecimal string"},
+};
+
+constexpr Code kFirmwareIdFormats[] = {
+    {0x00, "Free-form string"},
+    {0x01, "UEFI GUID string"},
+};
+
+constexpr Bit kFirmwareCharacteristics[] = {{0, "Updatable"}, {1, "Write-Protected"}};
+
+constexpr Code kFirmwareStates[] = {
+    {0x01, "Other"},        {0x02, "Unknown"},
+    {0x03, "Disabled"},     {0x04, "Enabled"},
+    {0x05, "Absent"},       {0x06, "StandbyOffline"},
+    {0x07, "StandbySpare"}, {0x08, "UnavailableOffline"},
+};
+
+constexpr Derivation kImageSize = {.How = Formula::Scaled,
+                                   .First = 0x0C,
+                                   .FirstWidth = 8,
+                                   .Unknown = 0xFFFFFFFFFFFFFFFF,
+                                   .HasUnknown = true};
+
+constexpr Field kAssociatedComponent[] = {Handle(0x00, "")};
+constexpr List kAssociatedComponents = {.SizeOrOffset = 2, .Fields = kAssociatedComponent};
+
+constexpr Field kFirmwareInventoryInformation[] = {
+    String(0x04, "firmware_component_name"),
+    String(0x05, "firmware_version"),
+    CodeOf(0x06, 1, "firmware_version_format", kFirmwareVersionFormats),
+    String(0x07, "firmware_id"),
+    CodeOf(0x08, 1, "firmware_id_format", kFirmwareIdFormats),
+    String(0x09, "release_date"),
+    String(0x0A, "manufacturer"),
+    String(0x0B, "lowest_supported_firmware_version"),
+    Number(0x0C, 8, "image_size"),
+    DerivedAs("image_size_bytes", kImageSize),
+    BitsOf(0x14, 2, "characteristics", kFirmwareCharacteristics),
+    CodeOf(0x16, 1, "state", kFirmwareStates),
+    Number(0x17, 1, "number_of_associated_components"),
+    ListOf(0x18, "associated_component_handles", kAssociatedComponents),
+};
+constexpr LeastLength kFirmwareInventoryInformationLengths[] = {{3, 5, 0x18}};
+
+// String Property (Type 46)
+
+constexpr Code kStringProperties[] = {{0x0001, "UEFI device path"}};
+
+constexpr Field kStringProperty[] = {
+    CodeOf(0x04, 2, "string_property_id", kStringProperties),
+    String(0x06, "string_property_value"),
+    Handle(0x07, "parent_handle"),
+};
+constexpr LeastLength kStringPropertyLengths[] = {{3, 5, 0x09}};
+
+constexpr StructureType kTypes[] = {
+    {0, "BIOS Information", kBiosInformation, kBiosInformationLengths, true},
+    {13, "BIOS Language Information", kBiosLanguageInformation, kBiosLanguageInformationLengths},
+    {15, "System Event Log", kSystemEventLog, kSystemEventLogLengths},
+    {31, "Boot Integrity Services (BIS) Entry Point", kBootIntegrityServices,
+     kBootIntegrityServicesLengths},
+    {32, "System Boot Information", kSystemBootInformation, kSystemBootInformationLengths, true},
+    {40, "Additional Information", kAdditionalInformation, kAdditionalInformationLengths},
+    {45, "Firmware Inventory Information", kFirmwareInventoryInformation,
+     kFirmwareInventoryInformationLengths},
+    {46, "String Property", kStringProperty, kStringPropertyLengths},
+    {126, "Inactive", {}, {}},
+    {127, "End-of-Table", {}, {}},
+};
+
+}  // namespace
+
+constinit const std::span<const StructureType> kFirmwareTypes = kTypes;
+
+}  // namespace kestrel::catalog
