@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "model/smbios_table.h"
+
+namespace kestrel::catalog {
+
+// Type, length and handle, which every structure has.
+inline constexpr std::uint8_t kHeaderLength = 4;
+
+// A structure of a table. Its views live as long as the bytes of the table.
+struct Structure {
+  // From the start of the table.
+  std::size_t Offset = 0;
+  std::uint8_t Type = 0;
+  std::uint16_t Handle = 0;
+  // The header and the fields: as many bytes as Length says, 4 at least.
+  std::span<const std::uint8_t> Formatted;
+  // The strings, each with the zero that ends it, without the zero that closes the set.
+  std::span<const std::uint8_t> StringSet;
+  // Whether the table goes on to the zeros that close the string set.
+  bool IsClosed = true;
+
+  std::uint8_t GetLength() const { return static_cast<std::uint8_t>(Formatted.size()); }
+  // The offset right after the structure.
+  std::size_t GetEnd() const;
+  // In order, so that string number 1 comes first. Only the first string may be empty.
+  std::vector<std::string_view> GetStrings() const;
+};
+
+// What ends a scan before the bytes do.
+struct EndRule {
+  // A 64-bit entry point states no more than a bound, so the first End-of-Table is the end.
+  bool AfterEndOfTable = false;
+  // A 32-bit entry point states how many structures there are; 0 where it does not.
+  std::uint32_t StructureCount = 0;
+};
+
+enum class ScanStop {
+  // By the end rule, or because nothing but zeros is left.
+  Complete,
+  // The next structure would have a Length below that of the header.
+  LengthTooSmall,
+  // The next structure would have a header or fields that go past the end of the table.
+  PastEnd,
+};
+
+struct TableScan {
+  std::vector<Structure> Structures;
+  ScanStop Stop = ScanStop::Complete;
+  // The offset right after the last structure, at most the size of the table.
+  std::size_t End = 0;
+};
+
+// Finds the structures of a table by the rules of DMTF DSP0134, "Structure header format" and "Text
+// strings": the fields are as long as Length says, the strings end at the first pair of zeros after
+// them, and the next structure follows at once.
+TableScan ScanTable(std::span<const std::uint8_t> table, EndRule rule);
+
+// The same with the end rule of the table's entry point.
+TableScan ScanTable(const SmbiosTable& table);
+
+}  // namespace kestrel::catalog
