@@ -1,6 +1,7 @@
 // Connectors, slots, devices on the board and pointing devices.
 
 #include "catalog/structure_types.h"
+#include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
 
@@ -282,7 +283,7 @@ constexpr Code kOnBoardDeviceTypes[] = {
 };
 
 constexpr Part kOnBoardDeviceType[] = {
-    CodePart("type", 0, 7, kOnBoardDeviceTypes),
+    CodePart("", 0, 7, kOnBoardDeviceTypes),
     FlagPart("enabled", 7),
 };
 
@@ -351,7 +352,7 @@ constexpr Code kOnboardDeviceTypes[] = {
 };
 
 constexpr Part kOnboardDeviceType[] = {
-    CodePart("type", 0, 7, kOnboardDeviceTypes),
+    CodePart("", 0, 7, kOnboardDeviceTypes),
     FlagPart("enabled", 7),
 };
 
@@ -374,6 +375,7 @@ constexpr StructureType kTypes[] = {
     {41, "Onboard Devices Extended Information", kOnboardDevicesExtendedInformation,
      kOnboardDevicesExtendedInformationLengths},
 };
+static_assert(AreWellFormed(kTypes));
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 // The firmware: what it is, what it logs, how it boots, and what it adds to other structures.
 
 #include "catalog/structure_types.h"
+#include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
 
@@ -303,6 +304,7 @@ constexpr StructureType kTypes[] = {
     {126, "Inactive", {}, {}},
     {127, "End-of-Table", {}, {}},
 };
+static_assert(AreWellFormed(kTypes));
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 // Management devices, controllers and security processors.
 
 #include "catalog/structure_types.h"
+#include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
 
@@ -177,6 +178,7 @@ constexpr StructureType kTypes[] = {
      kManagementControllerHostInterfaceLengths},
     {43, "TPM Device", kTpmDevice, kTpmDeviceLengths},
 };
+static_assert(AreWellFormed(kTypes));
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 // Memory: controllers and modules of old, arrays, devices, their addresses, channels and errors.
 
 #include "catalog/structure_types.h"
+#include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
 
@@ -480,6 +481,7 @@ constexpr StructureType kTypes[] = {
     {33, "64-bit Memory Error Information", kMemoryError64Bit, kMemoryError64BitLengths},
     {37, "Memory Channel", kMemoryChannel, kMemoryChannelLengths},
 };
+static_assert(AreWellFormed(kTypes));
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 // Batteries, power supplies, probes and cooling.
 
 #include "catalog/structure_types.h"
+#include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
 
@@ -281,6 +282,7 @@ constexpr StructureType kTypes[] = {
     {29, "Electrical Current Probe", kCurrentProbe, kProbeLengths},
     {39, "System Power Supply", kSystemPowerSupply, kSystemPowerSupplyLengths},
 };
+static_assert(AreWellFormed(kTypes));
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 // Processors and their caches.
 
 #include "catalog/structure_types.h"
+#include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
 
@@ -548,6 +549,7 @@ constexpr StructureType kTypes[] = {
     {44, "Processor Additional Information", kProcessorAdditionalInformation,
      kProcessorAdditionalInformationLengths},
 };
+static_assert(AreWellFormed(kTypes));
 
 }  // namespace
 

@@ -26,6 +26,7 @@ struct Bit {
 struct Part {
   enum class Kind : std::uint8_t { Number, Flag, Code };
 
+  // Empty for a code that is the field itself, with flags beside it.
   std::string_view Key;
   std::uint8_t FirstBit;
   std::uint8_t Width;
@@ -64,7 +65,7 @@ enum class Kind : std::uint8_t {
 enum class Formula : std::uint8_t {
   // One field times Factor; unknown when it equals Unknown.
   Scaled,
-  // The same with a signed field.
+  // The same with a signed field of two bytes.
   ScaledSigned,
   // The first field times Factor or, when it equals Unknown, the second times SecondFactor.
   ScaledOrExtended,
@@ -101,6 +102,7 @@ inline constexpr std::uint8_t kFollows = 0;
 // A field that takes all that is left of the formatted area, or of its entry.
 inline constexpr std::uint8_t kRest = 0;
 
+// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): in the order of a line of the standard.
 struct Field {
   // From the start of the structure or, in a list, of the entry; kFollows where it varies. Fields
   // stand in the order of their bytes, without a gap.
@@ -153,6 +155,7 @@ struct LeastLength {
   std::uint8_t Length;
 };
 
+// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): in the order of a line of the standard.
 struct StructureType {
   std::uint8_t Type;
   std::string_view Name;

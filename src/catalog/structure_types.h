@@ -20,4 +20,7 @@ extern const std::span<const StructureType> kManagementTypes;  // management_typ
 // The published type of that number, or nullptr.
 const StructureType* FindStructureType(std::uint8_t type);
 
+// The published name of a type, "OEM" for 128 to 255; empty where nobody published one.
+std::string_view GetTypeName(std::uint8_t type);
+
 }  // namespace kestrel::catalog

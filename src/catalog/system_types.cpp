@@ -1,6 +1,7 @@
 // The system as a whole: makers, boards, enclosures, and what belongs together.
 
 #include "catalog/structure_types.h"
+#include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
 
@@ -110,7 +111,7 @@ constexpr Code kEnclosureTypes[] = {
 };
 
 constexpr Part kEnclosureType[] = {
-    CodePart("type", 0, 7, kEnclosureTypes),
+    CodePart("", 0, 7, kEnclosureTypes),
     FlagPart("chassis_lock_present", 7),
 };
 
@@ -268,6 +269,7 @@ constexpr StructureType kTypes[] = {
     {24, "Hardware Security", kHardwareSecurity, kHardwareSecurityLengths},
     {30, "Out-of-Band Remote Access", kOutOfBandRemoteAccess, kOutOfBandRemoteAccessLengths},
 };
+static_assert(AreWellFormed(kTypes));
 
 }  // namespace
 

@@ -1,0 +1,243 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <span>
+#include <stdexcept>
+#include <string_view>
+#include <type_traits>
+
+#include "catalog/structure_type.h"
+#include "catalog/table_scan.h"
+
+// Faults of the data that would show as wrong output, found when a table of types is compiled:
+//
+//     static_assert(AreWellFormed(kTypes));
+//
+// The compiler names the condition that fails, and the table.
+namespace kestrel::catalog {
+
+namespace well_formed {
+
+// What is thrown while compiling stops the compiler there.
+consteval void Require(bool condition, const char* what) {
+  if (!condition) {
+    throw std::logic_error(what);
+  }
+}
+
+consteval bool IsKey(std::string_view key) {
+  return !key.empty() && std::all_of(key.begin(), key.end(), [](char character) {
+    return (character >= 'a' && character <= 'z') || (character >= '0' && character <= '9') ||
+           character == '_';
+  });
+}
+
+template <typename Value>
+consteval bool IsOneOf(const Value& value,
+                       std::initializer_list<std::type_identity_t<Value>> values) {
+  return std::find(values.begin(), values.end(), value) != values.end();
+}
+
+consteval bool Fits(std::uint64_t value, unsigned bits) { return bits >= 64 || value >> bits == 0; }
+
+consteval void CheckCodes(std::span<const Code> codes, unsigned bits) {
+  for (std::size_t index = 0; index < codes.size(); ++index) {
+    Require(Fits(codes[index].Value, bits), "a code is too large for its field");
+    Require(index == 0 || codes[index - 1].Value < codes[index].Value, "codes do not ascend");
+    Require(!codes[index].Text.empty(), "a code has no text");
+  }
+}
+
+consteval void CheckBits(std::span<const Bit> bits, unsigned width) {
+  for (std::size_t index = 0; index < bits.size(); ++index) {
+    Require(bits[index].Number < width, "a bit is outside its field");
+    Require(index == 0 || bits[index - 1].Number < bits[index].Number, "bits do not ascend");
+    Require(!bits[index].Text.empty(), "a bit has no text");
+  }
+}
+
+consteval void CheckParts(std::span<const Part> parts, unsigned width) {
+  unsigned next = 0;
+  for (const Part& part : parts) {
+    if (part.Key.empty()) {
+      Require(part.PartKind == Part::Kind::Code && part.FirstBit == 0, "a part needs a key");
+    } else {
+      Require(IsKey(part.Key) && !IsOneOf(part.Key, {"value", "code", "text"}),
+              "a part's key is that of something else");
+    }
+    Require(part.FirstBit >= next, "parts overlap, or do not ascend");
+    next = part.FirstBit + unsigned{part.Width};
+    Require(part.Width > 0 && next <= width, "a part is outside its field");
+    CheckCodes(part.Codes, part.Width);
+  }
+}
+
+consteval void CheckWidth(const Field& field) {
+  switch (field.FieldKind) {
+    case Kind::String:
+      Require(field.Width == 1, "a string number takes a byte");
+      break;
+    case Kind::Code:
+      Require(IsOneOf(field.Width, {1, 2}), "a code takes one or two bytes");
+      break;
+    case Kind::Number:
+    case Kind::Bits:
+    case Kind::Parts:
+      Require(IsOneOf(field.Width, {1, 2, 4, 8}), "a number takes 1, 2, 4 or 8 bytes");
+      break;
+    case Kind::Handle:
+      Require(field.Width == 2, "a handle takes two bytes");
+      break;
+    case Kind::Uuid:
+      Require(field.Width == 16, "a UUID takes sixteen bytes");
+      break;
+    case Kind::Characters:
+    case Kind::Reserved:
+      Require(field.Width > 0, "a field needs a width");
+      break;
+    case Kind::Bytes:
+    case Kind::List:
+    case Kind::Derived:
+      break;
+  }
+}
+
+consteval bool HasVaryingSize(const Field& field) {
+  return field.FieldKind == Kind::List || (field.FieldKind == Kind::Bytes && field.Width == 0);
+}
+
+// Whether fields before the index `end` have one of that kind, offset and width.
+consteval bool HasNumber(std::span<const Field> fields, std::size_t end, std::uint8_t offset,
+                         std::uint8_t width) {
+  for (const Field& field : fields.first(end)) {
+    if (field.Offset == offset && field.Width == width &&
+        (field.FieldKind == Kind::Number || field.FieldKind == Kind::Parts)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+consteval void CheckDerivation(std::span<const Field> fields, std::size_t index) {
+  const Derivation& derivation = *fields[index].Derived;
+  Require(HasNumber(fields, index, derivation.First, derivation.FirstWidth),
+          "a derived field stands after the field that it is made of");
+  Require(derivation.Second == 0 ||
+              HasNumber(fields, fields.size(), derivation.Second, derivation.SecondWidth),
+          "a derived field is made of a field that is not there");
+  Require(derivation.How != Formula::ScaledSigned || derivation.FirstWidth == 2,
+          "a signed field takes two bytes");
+}
+
+consteval void CheckFields(std::span<const Field> fields, unsigned start);
+
+consteval unsigned FixedSize(std::span<const Field> fields) {
+  unsigned size = 0;
+  for (const Field& field : fields) {
+    Require(!HasVaryingSize(field), "an entry of fixed size has a field that is not");
+    size += field.Width;
+  }
+  return size;
+}
+
+consteval void CheckList(std::span<const Field> fields, std::size_t index) {
+  const List& list = *fields[index].Entries;
+  Require(!list.Fields.empty(), "an entry needs fields");
+  for (const Field& field : list.Fields) {
+    Require(field.FieldKind != Kind::List && field.FieldKind != Kind::Derived,
+            "an entry has no lists and no derived fields");
+  }
+  if (list.Fields.size() > 1 || !list.Fields.front().Key.empty()) {
+    CheckFields(list.Fields, 0);
+  }
+  if (list.CountRule == List::Count::FieldBefore) {
+    Require(index > 0 && fields[index - 1].FieldKind == Kind::Number,
+            "a count stands before its list");
+  }
+  if (list.CountRule == List::Count::FromField) {
+    Require(HasNumber(fields, index, list.CountOffset, 1), "a list's count is not there");
+  }
+  switch (list.SizeRule) {
+    case List::Size::Fixed:
+      Require(FixedSize(list.Fields) == list.SizeOrOffset, "an entry is as long as its fields");
+      break;
+    case List::Size::FromField:
+      Require(HasNumber(fields, index, list.SizeOrOffset, 1), "a list's entry size is not there");
+      break;
+    case List::Size::FirstByte:
+    case List::Size::AsItsFields:
+      Require(list.Fields.front().Width == 1, "an entry starts with a byte");
+      break;
+  }
+}
+
+consteval void CheckField(std::span<const Field> fields, std::size_t index) {
+  const Field& field = fields[index];
+  const unsigned bits = 8U * field.Width;
+  CheckWidth(field);
+  // A narrow field and its wider successor may share a table, so any code will do.
+  CheckCodes(field.Codes, 16);
+  CheckBits(field.Bits, bits);
+  CheckParts(field.Parts, bits);
+  if (field.LengthOffset != 0) {
+    Require(HasNumber(fields, index, field.LengthOffset, 1), "a field's length is not there");
+  }
+  if (field.FieldKind == Kind::Reserved) {
+    return;
+  }
+  Require(IsKey(field.Key), "a field needs a key of lower-case letters, digits and underscores");
+  for (const Field& earlier : fields.first(index)) {
+    Require(earlier.Key != field.Key, "two fields have one key");
+  }
+}
+
+consteval void CheckFields(std::span<const Field> fields, unsigned start) {
+  unsigned next = start;
+  bool varies = false;
+  for (std::size_t index = 0; index < fields.size(); ++index) {
+    const Field& field = fields[index];
+    CheckField(fields, index);
+    if (field.FieldKind == Kind::Derived) {
+      CheckDerivation(fields, index);
+      continue;
+    }
+    Require(field.Offset == (varies ? kFollows : next), "fields leave a gap, or overlap");
+    next += field.Width;
+    varies = varies || HasVaryingSize(field);
+    if (field.FieldKind == Kind::List) {
+      CheckList(fields, index);
+    }
+  }
+}
+
+consteval void CheckLeastLengths(std::span<const LeastLength> lengths) {
+  for (std::size_t index = 0; index < lengths.size(); ++index) {
+    const LeastLength& length = lengths[index];
+    Require(length.Length >= kHeaderLength, "a structure has at least its header");
+    if (index > 0) {
+      const LeastLength& earlier = lengths[index - 1];
+      Require(earlier.Length < length.Length &&
+                  (earlier.Major < length.Major ||
+                   (earlier.Major == length.Major && earlier.Minor < length.Minor)),
+              "least lengths do not ascend");
+    }
+  }
+}
+
+}  // namespace well_formed
+
+consteval bool AreWellFormed(std::span<const StructureType> types) {
+  for (std::size_t index = 0; index < types.size(); ++index) {
+    well_formed::Require(index == 0 || types[index - 1].Type < types[index].Type,
+                         "types do not ascend");
+    well_formed::Require(!types[index].Name.empty(), "a type needs a name");
+    well_formed::CheckFields(types[index].Fields, kHeaderLength);
+    well_formed::CheckLeastLengths(types[index].LeastLengths);
+  }
+  return true;
+}
+
+}  // namespace kestrel::catalog
