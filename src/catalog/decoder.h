@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "catalog/derivation.h"
+#include "catalog/structure_type.h"
+#include "catalog/table_scan.h"
+
+namespace kestrel::catalog {
+
+struct DecodedField;
+using DecodedFields = std::vector<DecodedField>;
+
+// A field of a structure. Its views live as long as the bytes of the table.
+struct DecodedField {
+  const Field* Definition = nullptr;
+  // The bytes that it takes; none for a list and for a derived field.
+  std::span<const std::uint8_t> Bytes = {};
+  // The number that up to eight bytes are, whatever the kind makes of it.
+  std::uint64_t Number = 0;
+  // What a derived field comes to, unless that is unknown.
+  std::optional<Quantity> Derived = std::nullopt;
+  // The entries of a list. An entry of a list of plain values has one field.
+  std::vector<DecodedFields> Entries = {};
+};
+
+// The fields that the structure has, in order, reserved ones left out. A field is there when the
+// structure's Length reaches to its end; the first one that is cut, or whose entries are, is the
+// end. A list keeps the entries before the one that is cut.
+DecodedFields DecodeFields(const Structure& structure, const StructureType& type);
+
+}  // namespace kestrel::catalog
