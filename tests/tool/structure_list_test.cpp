@@ -7,32 +7,65 @@
 namespace kestrel {
 namespace {
 
-TEST(StructureListTest, HasALinePerStructure) {
-  EXPECT_EQ(ListStructures(Join({Structure(0, Bytes(14), {"Maker"}),
-                                 {0xC8, 4, 0x34, 0x12, 0, 0},
-                                 Structure(46, {}),
-                                 {126, 4}})),
-            "0000h    0   18  0000h  BIOS Information\r\n"
-            "0019h  200    4  1234h  OEM\r\n"
-            "001Fh   46    4  0000h  String Property\r\n"
-            "0025h  126    4  0000h  Inactive\r\n");
-}
+const Bytes kEnd = {0x7F, 4, 0, 0, 0, 0};
 
-TEST(StructureListTest, NamesTypes) {
+TEST(StructureListTest, MarksWhatTheTextsLoseOrSeeOtherwise) {
   const struct {
-    std::uint8_t Type;
-    std::string_view Name;
+    const char* Name;
+    Bytes Table;
+    std::string_view List;
+    std::vector<std::string> Notes;
   } cases[] = {
-      {31, "Boot Integrity Services (BIS) Entry Point"},
-      {39, "System Power Supply"},
-      {47, "Unknown"},
-      {125, "Unknown"},
-      {127, "End-of-Table"},
-      {128, "OEM"},
-      {255, "OEM"},
+      {"the same for both, with types that no text shows",
+       Join({Structure(0, Bytes(14), {"Maker"}),
+             {0xC8, 4, 0x34, 0x12, 'O', 0, 0},
+             Structure(46, {}, {"S"}),
+             kEnd,
+             Bytes(8)}),
+       "0000h    0   18  0000h  BIOS Information\r\n"
+       "0019h  200    4  1234h  OEM\r\n"
+       "0020h   46    4  0000h  String Property\r\n"
+       "0027h  127    4  0000h  End-of-Table\r\n",
+       {}},
+      {"BIOS Information after a structure without strings",
+       Join({Structure(11, {0}),
+             Structure(0, {1, 14, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, {"Maker"}), kEnd}),
+       "0000h   11    5  0000h  OEM Strings\r\n"
+       "0007h    0   18  0000h  BIOS Information  *\r\n"
+       "0020h  127    4  0000h  End-of-Table\r\n",
+       {"* marks what the report and the MIF document lose or show differently",
+        "structures that the report and the MIF document see and that are none: 2, the first at "
+        "0008h"}},
+      {"BIOS Information that is too short to be shown",
+       Join({Structure(0, Bytes(5)), kEnd}),
+       "0000h    0    9  0000h  BIOS Information  *\r\n"
+       "000Bh  127    4  0000h  End-of-Table\r\n",
+       {"* marks what the report and the MIF document lose or show differently"}},
+      {"a first string that is empty",
+       {12, 5, 1, 0, 1, 0, 'S', 4, 'T', 'U', 0, 0, 0x7F, 4, 0, 0, 0, 0},
+       "0000h   12    5  0001h  System Configuration Options  *\r\n"
+       "000Ch  127    4  0000h  End-of-Table\r\n",
+       {"* marks what the report and the MIF document lose or show differently",
+        "structures that the report and the MIF document see and that are none: 1, the first at "
+        "0006h"}},
+      {"a Length below 4, which the walk takes at its word",
+       Join({kEnd, {1, 2, 'A', 0, 0}}),
+       "0000h  127    4  0000h  End-of-Table\r\n",
+       {"structures that the report and the MIF document see and that are none: 1, the first at "
+        "0006h",
+        "the structures end at 0006h: another one there would have a Length below 4"}},
+      {"fields past the end",
+       {1, 5, 0, 0},
+       "",
+       {"structures that the report and the MIF document see and that are none: 1, the first at "
+        "0000h",
+        "the structures end at 0000h: another one there would go past the end of the table"}},
   };
   for (const auto& test : cases) {
-    EXPECT_EQ(GetStructureName(test.Type), test.Name) << int{test.Type};
+    const catalog::TableScan scan = catalog::ScanTable(test.Table, {});
+    const WalkComparison comparison = CompareWithWalk(scan, test.Table);
+    EXPECT_EQ(ListStructures(scan, comparison), test.List) << test.Name;
+    EXPECT_EQ(NotesOnList(scan, comparison), test.Notes) << test.Name;
   }
 }
 

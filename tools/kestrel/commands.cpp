@@ -1,54 +1,49 @@
 #include "tools/kestrel/commands.h"
 
-#include <memory>
 #include <utility>
 
-#include "firmware/table_firmware.h"
-#include "model/smbios_reader.h"
-#include "model/text.h"
 #include "tools/kestrel/console_text.h"
 #include "tools/kestrel/dump.h"
+#include "tools/kestrel/library_view.h"
 #include "tools/kestrel/output.h"
 #include "tools/kestrel/structure_list.h"
 #include "tools/kestrel/tool_error.h"
-#include "types/type0_bios_information.h"
 
 namespace kestrel {
 
 namespace {
 
-// The structures that the library finds in the table. Warns of what it does not get to see.
-std::unique_ptr<SMBiosReader> ReadAsLibrary(CommandRun& run) {
-  auto firmware = std::make_unique<TableFirmware>(run.Table);
-  if (firmware->IsShortened()) {
-    run.Warnings.emplace_back(
-        "the table is longer than 65,535 bytes: the structures after them are left out");
-  }
-  auto reader = std::make_unique<SMBiosReader>(std::move(firmware));
-  reader->ReadTable();
-  return reader;
+void Warn(CommandRun& run, const std::vector<std::string>& notes) {
+  run.Warnings.insert(run.Warnings.end(), notes.begin(), notes.end());
+}
+
+// The table as the library sees it. Warns where that is not the table.
+LibraryView ReadAsLibrary(CommandRun& run) {
+  LibraryView view = ViewAsLibrary(run.Table);
+  Warn(run, NotesOnTexts(view));
+  return view;
 }
 
 std::string MakeReport(CommandRun& run) {
-  std::string report = ReadAsLibrary(run)->BuildTextReport();
+  std::string report = ReadAsLibrary(run).Reader->BuildTextReport();
   return run.Line.Exact ? report : ToConsoleText(report);
 }
 
-std::string MakeMif(CommandRun& run) { return ReadAsLibrary(run)->ObjsToMifString(); }
+std::string MakeMif(CommandRun& run) { return ReadAsLibrary(run).Reader->ObjsToMifString(); }
 
 std::string MakeBios(CommandRun& run) {
-  const auto reader = ReadAsLibrary(run);
-  const SMType0Obj* bios = reader->GetType0Obj();
-  if (bios == nullptr) {
+  const std::string text = TextOfBios(ReadAsLibrary(run));
+  if (text.empty()) {
     throw ToolError("the table has no BIOS Information: see what it has with 'kestrel list'");
   }
-  std::string text;
-  Append(text, {bios->GetVendorText(), "\r\n", bios->GetVersionText(), "\r\n",
-                bios->GetReleaseDateText(), "\r\n"});
   return ToConsoleText(text);
 }
 
-std::string MakeList(CommandRun& run) { return ToConsoleText(ListStructures(run.Table.Bytes)); }
+std::string MakeList(CommandRun& run) {
+  const LibraryView view = ViewAsLibrary(run.Table);
+  Warn(run, NotesOnList(view.Scan, view.Comparison));
+  return ToConsoleText(ListStructures(view.Scan, view.Comparison));
+}
 
 std::string MakeDump(CommandRun& run) { return DumpOf(run.Table); }
 

@@ -1,18 +1,24 @@
 #pragma once
 
-#include <cstdint>
-#include <span>
 #include <string>
-#include <string_view>
+#include <vector>
+
+#include "catalog/table_scan.h"
+#include "tools/kestrel/walk_comparison.h"
 
 namespace kestrel {
 
-// The published name of a structure type; "OEM" for 128 to 255, "Unknown" for a type that nobody
-// published. Names: DMTF DSP0134, "Structure definitions".
-std::string_view GetStructureName(std::uint8_t type);
+// A line per structure, in table order: offset, type, length, handle, name, and a star where the
+// report and the MIF document lose the structure or see another. Lines end with "\r\n", as in the
+// library's texts.
+std::string ListStructures(const catalog::TableScan& scan, const WalkComparison& comparison);
 
-// A line per structure, in table order: offset, type, length, handle, name. Finds the structures
-// that the library finds. Lines end with "\r\n", as in the library's texts.
-std::string ListStructures(std::span<const std::uint8_t> table);
+// What a reader of the list should know besides, one line each: what the star means, and what
+// NotesOnEnd tells.
+std::vector<std::string> NotesOnList(const catalog::TableScan& scan,
+                                     const WalkComparison& comparison);
+
+// Where the structures end although the table does not, if they do, as one line.
+std::vector<std::string> NotesOnEnd(const catalog::TableScan& scan);
 
 }  // namespace kestrel

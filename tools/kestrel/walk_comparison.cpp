@@ -1,0 +1,76 @@
+#include "tools/kestrel/walk_comparison.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "model/table_cursor.h"
+#include "model/table_walk.h"
+
+namespace kestrel {
+
+namespace {
+
+constexpr std::uint8_t kBiosInformation = 0;
+// A shorter BIOS Information is taken for zeros between structures and dropped.
+constexpr std::size_t kShortestBiosInformation = 18;
+
+bool IsDropped(const catalog::Structure& structure) {
+  return structure.Type == kBiosInformation &&
+         structure.Formatted.size() < kShortestBiosInformation;
+}
+
+StructurePlace PlaceOf(const catalog::Structure& structure) {
+  return {structure.Offset, structure.Type};
+}
+
+// The offset after the last byte that is not zero.
+std::size_t EndOfContent(std::span<const std::uint8_t> bytes) {
+  const auto last = std::find_if(bytes.rbegin(), bytes.rend(), [](auto byte) { return byte != 0; });
+  return static_cast<std::size_t>(std::distance(last, bytes.rend()));
+}
+
+bool HasOffset(const std::vector<StructurePlace>& places, std::size_t offset) {
+  const auto place = std::lower_bound(
+      places.begin(), places.end(), offset,
+      [](const StructurePlace& left, std::size_t right) { return left.Offset < right; });
+  return place != places.end() && place->Offset == offset;
+}
+
+}  // namespace
+
+bool WalkComparison::Differs(std::size_t offset) const {
+  return HasOffset(Lost, offset) || HasOffset(CutShort, offset);
+}
+
+WalkComparison CompareWithWalk(const catalog::TableScan& scan,
+                               std::span<const std::uint8_t> walked) {
+  WalkComparison comparison;
+  const std::size_t endOfContent = EndOfContent(walked);
+  auto scanned = scan.Structures.begin();
+  const auto end = scan.Structures.end();
+  TableCursor cursor(walked);
+  while (!cursor.IsAtEnd()) {
+    const std::size_t start = cursor.GetPosition();
+    const std::uint8_t type = cursor.Peek();
+    MoveToNextStructure(cursor, start);
+    for (; scanned != end && scanned->Offset < start; ++scanned) {
+      comparison.Lost.push_back(PlaceOf(*scanned));
+    }
+    if (scanned == end || scanned->Offset != start) {
+      if (start < endOfContent) {
+        comparison.Invented.push_back({start, type});
+      }
+      continue;
+    }
+    if (IsDropped(*scanned)) {
+      comparison.Lost.push_back(PlaceOf(*scanned));
+    } else if (cursor.GetPosition() < scanned->GetEnd()) {
+      comparison.CutShort.push_back(PlaceOf(*scanned));
+    }
+    ++scanned;
+  }
+  std::transform(scanned, end, std::back_inserter(comparison.Lost), PlaceOf);
+  return comparison;
+}
+
+}  // namespace kestrel
