@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -15,6 +16,7 @@ enum CommandOption : unsigned {
   kTakesExact = 2,    // --exact
   kTakesOutput = 4,   // -o FILE
   kTakesNewFile = 8,  // FILE, and --force
+  kTakesTypes = 16,   // --type N, any number of times
 };
 
 struct CommandRun;
@@ -26,6 +28,8 @@ struct Command {
   unsigned Options;
   // Makes what the command writes.
   std::string (*MakeText)(CommandRun& run);
+  // What the help says after the options.
+  const char* Details = "";
 };
 
 // In the order in which the help shows them.
@@ -38,6 +42,8 @@ struct CommandLine {
   bool Exact = false;
   // Where the text goes; without it, and for "-", to standard output.
   std::optional<std::string> Output;
+  // The types of structures that are wanted; all where there are none.
+  std::vector<std::uint8_t> Types;
   // Whether a file that is there may be overwritten, for a command that makes a new one.
   bool Force = false;
 };

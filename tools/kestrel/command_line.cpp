@@ -95,6 +95,20 @@ void AddOptions(CLI::App& app, CommandLine& line) {
     app.add_flag("--exact", line.Exact,
                  "The library's bytes (Windows-1252, CR LF) instead of UTF-8");
   }
+  if ((options & kTakesTypes) != 0) {
+    const auto addType = [&line](const std::string& text) {
+      const auto type = ToByte(text);
+      if (!type) {
+        throw CLI::ValidationError("--type", "takes a number up to 255");
+      }
+      line.Types.push_back(*type);
+    };
+    app.add_option_function<std::string>("--type", addType,
+                                         "Only structures of this type; may be given again")
+        ->type_name("N")
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->trigger_on_parse();
+  }
   if ((options & kTakesOutput) != 0) {
     app.add_option("-o,--output", line.Output, "Write to a file")->type_name("FILE");
   }
@@ -118,6 +132,7 @@ std::string HelpOf(const Command& command) {
   line.Chosen = &command;
   CLI::App app(command.Description, NameOf(command));
   app.set_help_flag("--help", "Show the help");
+  app.footer(command.Details);
   AddOptions(app, line);
   return app.help();
 }

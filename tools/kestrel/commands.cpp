@@ -2,8 +2,10 @@
 
 #include <utility>
 
+#include "catalog/table_scan.h"
 #include "tools/kestrel/console_text.h"
 #include "tools/kestrel/dump.h"
+#include "tools/kestrel/json_document.h"
 #include "tools/kestrel/library_view.h"
 #include "tools/kestrel/output.h"
 #include "tools/kestrel/structure_list.h"
@@ -45,13 +47,43 @@ std::string MakeList(CommandRun& run) {
   return ToConsoleText(ListStructures(view.Scan, view.Comparison));
 }
 
+std::string MakeJson(CommandRun& run) {
+  const catalog::TableScan scan = catalog::ScanTable(run.Table);
+  Warn(run, NotesOnEnd(scan));
+  return MakeJsonDocument(run.Table, scan, run.Line.Types);
+}
+
 std::string MakeDump(CommandRun& run) { return DumpOf(run.Table); }
+
+constexpr const char* kJsonSchema =
+    R"(The document is one object. These keys are always there:
+  schema      1
+  smbios      version ("2.7"), entry_point ("_SM_", "_SM3_" or null) and
+              table_length (in bytes; for "_SM3_" the most that there may be)
+  structures  in table order: offset, handle, type, name (null where nobody
+              published one, "OEM" from 128 on), length, fields, strings, data
+              (the formatted area in hexadecimal)
+A key of fields is there when the structure is long enough for it. Its value is
+  a string    null for number 0 and for a number beyond the set
+  a code      code and text (null where nobody published one)
+  bits        value and set: the texts of the bits that are set, in order
+  parts       value and a key for each of several values in one number; a code
+              that is the field itself has code and text beside value
+  a list      an array of objects, or of numbers for contained handles
+  a quantity  in the base unit that ends its key, beside the field that it is
+              made of; null where the firmware says that it does not know
+Later versions may add keys after those that are there, texts where there is
+null, and entries to "set". For these schema stays 1; for anything else that
+changes it is raised: a key that goes, or means something else, another text for
+a code or bit, another kind of value.)";
 
 constexpr Command kCommands[] = {
     {"report", "The text report", kTakesSource | kTakesExact | kTakesOutput, MakeReport},
     {"mif", "The MIF document, as consoles read it", kTakesSource | kTakesOutput, MakeMif},
     {"bios", "Vendor, version and release date of the BIOS", kTakesSource, MakeBios},
     {"list", "A line per structure: offset, type, length, handle, name", kTakesSource, MakeList},
+    {"json", "Every structure, decoded by the current standard, as JSON",
+     kTakesSource | kTakesTypes | kTakesOutput, MakeJson, kJsonSchema},
     {"save", "Save this machine's entry point and table, for --image to read", kTakesNewFile,
      MakeDump},
 };

@@ -1,0 +1,243 @@
+#include "tools/kestrel/json_document.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "tests/support/tables.h"
+
+namespace kestrel {
+namespace {
+
+std::string DocumentOf(const Bytes& bytes, SmbiosVersion version,
+                       EntryPointKind kind = EntryPointKind::None,
+                       const std::vector<std::uint8_t>& types = {}) {
+  SmbiosTable table;
+  table.EntryPoint.Kind = kind;
+  table.EntryPoint.Version = version;
+  table.EntryPoint.TableLength = static_cast<std::uint32_t>(bytes.size());
+  table.Bytes = bytes;
+  return MakeJsonDocument(table, catalog::ScanTable(table), types);
+}
+
+// The fields of the first structure, without line ends and indent.
+std::string FieldsOf(const Bytes& table, std::uint8_t minorVersion = 6) {
+  const std::string document = DocumentOf(table, {2, minorVersion});
+  const std::size_t start = document.find("\"fields\": ") + 10;
+  const std::size_t end = document.find(",\n      \"strings\"", start);
+  std::string fields;
+  for (std::size_t index = start; index < end; ++index) {
+    if (document[index] == '\n') {
+      index = document.find_first_not_of(' ', index + 1);
+    }
+    fields.push_back(document[index]);
+  }
+  return fields;
+}
+
+TEST(JsonDocumentTest, ShowsEveryKindOfField) {
+  const Bytes table =
+      Join({Structure(1, {1, 2, 0, 9, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 6},
+                      {"Maker \x80\x81\xFF", "PC\x7F\"\\\x01\t"}),
+            {2, 19, 0x34, 0x12, 0, 0, 0, 0, 0, 0x89, 0, 0, 2, 3, 2, 0x11, 0x22, 0x33, 0x44, 0, 0},
+            Structure(3, {0, 0x83, 0, 0, 0, 9, 3, 4, 3, 1, 0, 0, 0x80, 2, 1, 1, 3, 0x82, 0, 1, 1},
+                      {"SKU"}),
+            Structure(28, {1, 0x63, 0xCE, 0xFF, 0, 0x80}, {"CPU"}),
+            Structure(32, {0, 0, 0, 0, 0, 0, 1, 0xAB, 0xCD}),
+            Structure(40, {1, 6, 0x34, 0x12, 5, 1, 0xEE}, {"S"}),
+            Structure(42, {0x40, 2, 0x0A, 0x0B, 1, 4, 3, 1, 2, 3}),
+            Structure(43, {'I', 'F', 'X', 0}),
+            Structure(60, {1, 2}),
+            {200, 4, 0xFF, 0xFF, 'A', 'n', 'y', 0, 0}});
+  EXPECT_EQ(DocumentOf(table, {2, 6}, EntryPointKind::Bits32), ExpectedText("kinds.json"));
+}
+
+TEST(JsonDocumentTest, ChoosesTypesAndTellsWhatIsUnknown) {
+  const Bytes table = Join({Structure(127, {}), Structure(60, {}), Structure(127, {9})});
+  EXPECT_EQ(DocumentOf(table, {3, 10}, EntryPointKind::None, {127}), R"({
+  "schema": 1,
+  "smbios": {
+    "version": "3.10",
+    "entry_point": null,
+    "table_length": 19
+  },
+  "structures": [
+    {
+      "offset": 0,
+      "handle": 0,
+      "type": 127,
+      "name": "End-of-Table",
+      "length": 4,
+      "fields": {},
+      "strings": [],
+      "data": "7f040000"
+    },
+    {
+      "offset": 12,
+      "handle": 0,
+      "type": 127,
+      "name": "End-of-Table",
+      "length": 5,
+      "fields": {},
+      "strings": [],
+      "data": "7f05000009"
+    }
+  ]
+}
+)");
+  EXPECT_EQ(DocumentOf({}, {2, 3}), R"({
+  "schema": 1,
+  "smbios": {
+    "version": "2.3",
+    "entry_point": null,
+    "table_length": 0
+  },
+  "structures": []
+}
+)");
+}
+
+TEST(JsonDocumentTest, EndsAtTheFirstFieldThatIsCut) {
+  const struct {
+    Bytes Structure;
+    std::string_view Fields;
+  } cases[] = {
+      {Structure(16, {}), "{}"},
+      {Structure(16, {3}), R"({"location": {"code": 3,"text": "System board or motherboard"}})"},
+      {Structure(19, {1, 0, 0}), "{}"},
+      {Structure(19, {1, 0, 0, 0, 2, 0, 0}),
+       R"({"starting_address": 1,"starting_address_bytes": 1024})"},
+      {Structure(1, {0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}),
+       R"({"manufacturer": null,"product_name": null,"version": null,"serial_number": null})"},
+      // A list whose count lies has what is there, and nothing follows it.
+      {Structure(5, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 255, 1, 0, 2}),
+       R"({"error_detecting_method": {"code": 0,"text": null},)"
+       R"("error_correcting_capability": {"value": 0,"set": []},)"
+       R"("supported_interleave": {"code": 0,"text": null},)"
+       R"("current_interleave": {"code": 0,"text": null},)"
+       R"("maximum_memory_module_size": 0,"maximum_memory_module_size_bytes": 1048576,)"
+       R"("supported_speeds": {"value": 0,"set": []},)"
+       R"("supported_memory_types": {"value": 0,"set": []},)"
+       R"("memory_module_voltage": {"value": 0,"set": []},)"
+       R"("number_of_associated_memory_slots": 255,)"
+       R"("memory_module_configuration_handles": [1]})"},
+      {Structure(14, {0, 4, 1, 0, 5, 2}),
+       R"({"group_name": null,"items": [{"item_type": 4,"item_handle": 1}]})"},
+      // Entries that say how long they are: none, and longer than what is left.
+      {Structure(40, {2, 0, 0, 0, 0, 0}),
+       R"({"number_of_additional_information_entries": 2,"additional_information_entries": []})"},
+      {Structure(40, {2, 5, 1, 0, 4, 0, 6, 1, 0, 4, 0}),
+       R"({"number_of_additional_information_entries": 2,"additional_information_entries": [)"
+       R"({"entry_length": 5,"referenced_handle": 1,"referenced_offset": 4,"string": null,)"
+       R"("value": ""}]})"},
+      {Structure(42, {2, 200, 1, 2}),
+       R"({"interface_type": {"code": 2,"text": "KCS: Keyboard Controller Style"},)"
+       R"("interface_type_specific_data_length": 200})"},
+      {Structure(42, {2, 0, 2, 3, 0, 3, 1}),
+       R"({"interface_type": {"code": 2,"text": "KCS: Keyboard Controller Style"},)"
+       R"("interface_type_specific_data_length": 0,"interface_type_specific_data": "",)"
+       R"("number_of_protocol_records": 2,"protocol_records": [{"protocol_type": {"code": 3,)"
+       R"("text": "MCTP: Management Component Transport Protocol"},)"
+       R"("protocol_type_specific_data_length": 0,"protocol_type_specific_data": ""}]})"},
+  };
+  for (const auto& test : cases) {
+    EXPECT_EQ(FieldsOf(test.Structure), test.Fields);
+  }
+}
+
+// Bytes put at the offset of a structure that is all zeros otherwise, and what a field then says.
+TEST(JsonDocumentTest, ReadsUnitsAndWhatFirmwareDoesNotKnow) {
+  const struct {
+    std::uint8_t Type;
+    std::uint8_t Length;
+    std::size_t Offset;
+    Bytes Value;
+    std::string_view Text;
+  } cases[] = {
+      {0, 24, 9, {0x0F}, R"("rom_size_bytes": 1048576,)"},
+      {0, 24, 9, {0xFF}, R"("rom_size_bytes": 16777216,)"},
+      {0,
+       26,
+       9,
+       {0xFF, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 32, 0},
+       R"("rom_size_bytes": 33554432,)"},
+      {0,
+       26,
+       9,
+       {0xFF, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 2, 0x40},
+       R"("rom_size_bytes": 2147483648,)"},
+      {0,
+       26,
+       9,
+       {0xFF, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 2, 0x80},
+       R"("rom_size_bytes": null,)"},
+      {3, 22, 0x13, {2, 0, 0}, R"("contained_elements": [],"sku_number": null})"},
+      {4, 32, 0x11, {0x8C}, R"("voltage_millivolts": 1200,)"},
+      {4, 32, 0x11, {2}, R"("voltage_millivolts": 3300,)"},
+      {4, 32, 0x11, {3}, R"("voltage_millivolts": null,)"},
+      {4, 32, 0x14, {0xB8, 0x0B}, R"("max_speed_hertz": 3000000000,)"},
+      {4, 48, 0x23, {0xFF, 0, 0, 0, 0, 0, 0, 0, 1}, R"("cores": 256,)"},
+      {4, 48, 0x23, {0}, R"("cores": null,)"},
+      {4, 40, 0x23, {0xFF}, R"("cores": null,)"},
+      {6, 12, 9, {0x84}, R"("installed_size_bytes": 16777216,)"},
+      {6, 12, 9, {0x7D}, R"("installed_size_bytes": null,)"},
+      {6, 12, 9, {0x7F}, R"("installed_size_bytes": 0,)"},
+      {6, 12, 9, {0x7C}, R"("installed_size_bytes": null,)"},
+      {7, 19, 7, {0x00, 0x02}, R"("maximum_size_bytes": 524288,)"},
+      {7, 19, 7, {0x10, 0x80}, R"("maximum_size_bytes": 1048576,)"},
+      {7,
+       27,
+       7,
+       {0xFF, 0xFF, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 8, 0, 0x80},
+       R"("maximum_size_bytes": 134217728,)"},
+      {16, 15, 7, {0, 0, 0, 0x80}, R"("maximum_capacity_bytes": null,)"},
+      {16,
+       23,
+       7,
+       {0, 0, 0, 0x80, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0x80},
+       R"("maximum_capacity_bytes": 9223372036854775808,)"},
+      {17, 28, 12, {0x00, 0x80}, R"("size_bytes": 0,)"},
+      {17, 28, 12, {0x00, 0x82}, R"("size_bytes": 524288,)"},
+      {17, 28, 12, {0x00, 0x40}, R"("size_bytes": 17179869184,)"},
+      {17, 28, 12, {0xFF, 0xFF}, R"("size_bytes": null,)"},
+      {17, 28, 12, {0xFF, 0x7F}, R"("size_bytes": 34358689792,)"},
+      {17,
+       32,
+       12,
+       {0xFF, 0x7F, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0x80},
+       R"("size_bytes": 34359738368,)"},
+      {17,
+       92,
+       0x4C,
+       {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF},
+       R"("logical_size_bytes": null,)"},
+      {19, 15, 8, {0xFF, 0xFF, 0, 0}, R"("ending_address_bytes": 67108863,)"},
+      {19,
+       31,
+       4,
+       {0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 0, 0, 0, 0, 7},
+       R"("starting_address_bytes": 7,)"},
+      {22, 26, 10, {100, 0}, R"("design_capacity_milliwatt_hours": 0,)"},
+      {22, 16, 10, {100, 0}, R"("design_capacity_milliwatt_hours": 100,)"},
+      {23, 13, 9, {2, 0}, R"("timer_interval_seconds": 120,)"},
+      {23, 13, 9, {0xFF, 0xFF}, R"("timer_interval_seconds": null,)"},
+      {28, 20, 0x0A, {0xFE, 0xFF}, R"("resolution_millidegrees_celsius": -2,)"},
+  };
+  for (const auto& test : cases) {
+    Bytes fields(test.Length - std::size_t{4});
+    std::copy(test.Value.begin(), test.Value.end(),
+              fields.begin() + static_cast<std::ptrdiff_t>(test.Offset - 4));
+    const std::string text = FieldsOf(Structure(test.Type, fields)) + ",";
+    EXPECT_NE(text.find(test.Text), std::string::npos) << test.Text << " is not in " << text;
+  }
+}
+
+TEST(JsonDocumentTest, OrdersTheBytesOfAUuidByTheVersion) {
+  const Bytes table =
+      Structure(1, {0, 0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 6});
+  EXPECT_NE(FieldsOf(table, 5).find(R"("uuid": "00010203-0405-0607-0809-0A0B0C0D0E0F")"),
+            std::string::npos);
+}
+
+}  // namespace
+}  // namespace kestrel
