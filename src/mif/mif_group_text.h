@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "mif/mif_group.h"
+#include "mif/mif_table.h"
 #include "model/text.h"
 
 namespace kestrel {
@@ -140,11 +141,22 @@ consteval bool HasValuePerSystemText(const MifGroup& group) {
   return static_cast<std::size_t>(gaps) == group.Values.size();
 }
 
+// The rows of a table are those of its group.
+consteval bool HasTableOfItsClass(const MifGroup& group) {
+  for (const MifTable& table : kMifTables) {
+    if (group.TableCode == table.Code) {
+      return table.Class == group.Class;
+    }
+  }
+  return !group.TableCode;
+}
+
 template <const MifGroup& Group>
 inline constexpr auto kMifGroupCharacters = [] {
   static_assert(HasSoundEnumerations(Group));
   static_assert(HasKeyAttributes(Group));
   static_assert(HasValuePerSystemText(Group));
+  static_assert(HasTableOfItsClass(Group));
   std::array<char, MifGroupComposer(nullptr).Compose(Group)> characters{};
   MifGroupComposer(characters.data()).Compose(Group);
   return characters;
