@@ -46,7 +46,8 @@ TEST(Type5Test, NamesCodesAndListsHandles) {
       });
 }
 
-const Bytes kModule = Structure(6, {1, 0xDE, 60, 0x01, 0x04, 0x05, 0x84, 3}, {"SIMM 0"});
+const Bytes kModule =
+    Structure(6, {1, 0xDE, 60, 0x01, 0x04, 0x05, 0x84, 3}, {"SIMM 0", "more than declared"});
 
 TEST(Type6Test, NamesBanksAndStates) {
   ExpectLines(

@@ -7,7 +7,8 @@ namespace {
 
 // What watches the machine and powers it: management devices, probes, fans and supplies.
 
-const Bytes kManagementDevice = Structure(34, {1, 12, 0x90, 0x02, 0xCD, 0xAB, 3}, {"Monitor"});
+const Bytes kManagementDevice =
+    Structure(34, {1, 12, 0x90, 0x02, 0xCD, 0xAB, 3}, {"Monitor", "more than declared"});
 const Bytes kIpmi = Structure(38, {1, 0x15, 0x20, 0xFF, 0xA2, 0x0C, 0, 0x80, 4, 3, 2, 1});
 // Fields of any kind of probe: 450, FFF6h, 500, 20, FFFFh, then the OEM's value, then 12000.
 const Bytes kProbe = {1,    0x67, 0xC2, 0x01, 0xF6, 0xFF, 0xF4, 0x01, 0x14,
@@ -42,7 +43,7 @@ TEST(ManagementDeviceTest, NamesCodes) {
 
 TEST(ProbeTest, NamesCodesAndUnknownReadings) {
   ExpectLines(
-      Structure(26, kProbe, {"12 V rail"}),
+      Structure(26, kProbe, {"12 V rail", "more than declared"}),
       {{0x04, {2}, "Description : "},
        {0x05, {0x00}, "Location And Status : Status--; Location--"},
        {0x05, {0x21}, "Location And Status : Status--Other; Location--Other"},

@@ -7,10 +7,12 @@ namespace {
 
 // Systems, boards and enclosures, with the ports and slots that they have.
 
-const Bytes kSystem = Structure(1, Join({{1, 2, 3, 4}, Bytes(16), {6}}), {"A", "B", "C", "D"});
+const Bytes kSystem =
+    Structure(1, Join({{1, 2, 3, 4}, Bytes(16), {6}}), {"A", "B", "C", "D", "more than declared"});
 const Bytes kEnclosure =
     Structure(3, {4, 0x83, 3, 2, 1, 3, 4, 5, 4, 1, 2, 3, 4}, {"Tag", "SN1", "1.0", "Maker"});
-const Bytes kPort = Structure(8, {1, 0xFF, 2, 0xFF, 0x10}, {"J12", "Keyboard"});
+const Bytes kPort =
+    Structure(8, {1, 0xFF, 2, 0xFF, 0x10}, {"J12", "Keyboard", "more than declared"});
 const Bytes kSlot =
     Structure(9, {1, 0x11, 7, 4, 4, 0xC4, 0xA0, 0x8C, 0xFF}, {"AGP", "more than declared"});
 
