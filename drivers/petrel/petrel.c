@@ -32,11 +32,10 @@ static BOOLEAN IsAdministrator(const IO_SECURITY_CONTEXT* opener) {
   ACCESS_MASK granted = 0;
   NTSTATUS status = STATUS_ACCESS_DENIED;
   PPRIVILEGE_SET privileges = NULL;
-  BOOLEAN isAdministrator = FALSE;
   if (opener == NULL || opener->AccessState == NULL) {
     return SeSinglePrivilegeCheck(RtlConvertUlongToLuid(SE_LOAD_DRIVER_PRIVILEGE), UserMode);
   }
-  isAdministrator = SeAccessCheck(
+  const BOOLEAN isAdministrator = SeAccessCheck(
       (PSECURITY_DESCRIPTOR)administratorsOnly, &opener->AccessState->SubjectSecurityContext, FALSE,
       FILE_READ_DATA, 0, &privileges, &fileMapping, UserMode, &granted, &status);
   if (privileges != NULL) {

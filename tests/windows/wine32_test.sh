@@ -8,6 +8,7 @@ debian=${1:-build/i386}
 
 if [ ! -e "$debian/usr/lib/wine/wineserver32" ]; then
   debootstrap --arch=i386 --variant=minbase bookworm "$debian"
+  chroot "$debian" apt-get update
   chroot "$debian" env DEBIAN_FRONTEND=noninteractive \
     apt-get install -y --no-install-recommends wine32 python3 libstdc++6
 fi
