@@ -35,21 +35,19 @@ TEST(AccessDriverTest, DetectsThePlatform) {
     DWORD Major;
     DWORD Minor;
     Platform Expected;
-  } cases[] = {
-      {1, 3, 95, Platform::Windows95},
-      {1, 4, 0, Platform::Windows95},
-      {1, 4, 1, Platform::Windows98},
-      {1, 5, 0, Platform::Windows98},
-      {1, 0xFFFFFFFF, 0, Platform::Windows98},
-      {2, 3, 51, Platform::WindowsNT4},
-      {2, 4, 99, Platform::WindowsNT4},
-      {2, 5, 0, Platform::Windows2000},
-      {2, 5, 2, Platform::Windows2000},
-      {2, 6, 0, Platform::Unknown},
-      {2, 0xFFFFFFFF, 0, Platform::Unknown},
-      {0, 1, 30, Platform::Win32s},
-      {3, 4, 0, Platform::Unknown},
-  };
+  } cases[] = {{1, 3, 95, Platform::Windows95},
+               {1, 4, 0, Platform::Windows95},
+               {1, 4, 1, Platform::Windows98},
+               {1, 5, 0, Platform::Windows98},
+               {1, 0xFFFFFFFF, 0, Platform::Windows98},
+               {2, 3, 51, Platform::WindowsNT4},
+               {2, 4, 99, Platform::WindowsNT4},
+               {2, 5, 0, Platform::Windows2000},
+               {2, 5, 2, Platform::Windows2000},
+               {2, 6, 0, Platform::Unknown},
+               {2, 0xFFFFFFFF, 0, Platform::Unknown},
+               {0, 1, 30, Platform::Win32s},
+               {3, 4, 0, Platform::Unknown}};
   for (const auto& test : cases) {
     for (const bool extended : {true, false}) {
       EmulatedWindows windows({test.PlatformId, test.Major, test.Minor, extended});
@@ -177,7 +175,6 @@ TEST(AccessDriverTest, EndsCleanWhicheverCallFails) {
     std::string Outcomes;
   } cases[] = {
       {kWindows95, 0, "rxxooor"},
-      {kWindows98, 0, "rxxooor"},
       {kNT4, 1000, "rxxrxrr" + loadAndRead + close},
       {kXP, 1000, "rxxrxrr" + loadAndRead + close},
       {kLeftStopped, 1000, "rlllrrr" + loadAndRead + close},
