@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tools/kestrel/source.h"
+#include "tools/kestrel/tool_error.h"
 
 namespace kestrel {
 
@@ -54,6 +55,8 @@ struct CommandRun {
   const SmbiosTable& Table;
   // What a person should know besides, one line each.
   std::vector<std::string>& Warnings;
+  // What the process returns once the text is written.
+  ExitCode Code = ExitCode::Done;
 };
 
 }  // namespace kestrel

@@ -5,6 +5,7 @@
 #include "catalog/table_scan.h"
 #include "tools/kestrel/console_text.h"
 #include "tools/kestrel/dump.h"
+#include "tools/kestrel/fault_list.h"
 #include "tools/kestrel/json_document.h"
 #include "tools/kestrel/library_view.h"
 #include "tools/kestrel/output.h"
@@ -47,6 +48,14 @@ std::string MakeList(CommandRun& run) {
   return ToConsoleText(ListStructures(view.Scan, view.Comparison));
 }
 
+std::string MakeCheck(CommandRun& run) {
+  const LibraryView view = ViewAsLibrary(run.Table);
+  catalog::FaultList faults = catalog::FindFaults(run.Table, view.Scan);
+  AddWalkFaults(faults, view.Comparison);
+  run.Code = faults.HasErrors() ? ExitCode::FaultyTable : ExitCode::Done;
+  return ToConsoleText(ListFaults(faults));
+}
+
 std::string MakeJson(CommandRun& run) {
   const catalog::TableScan scan = catalog::ScanTable(run.Table);
   Warn(run, NotesOnEnd(scan));
@@ -84,6 +93,8 @@ constexpr Command kCommands[] = {
     {"list", "A line per structure: offset, type, length, handle, name", kTakesSource, MakeList},
     {"json", "Every structure, decoded by the current standard, as JSON",
      kTakesSource | kTakesTypes | kTakesOutput, MakeJson, kJsonSchema},
+    {"check", "A line per fault of the table; ends with 3 where there is an error", kTakesSource,
+     MakeCheck},
     {"save", "Save this machine's entry point and table, for --image to read", kTakesNewFile,
      MakeDump},
 };
@@ -92,10 +103,10 @@ constexpr Command kCommands[] = {
 
 std::span<const Command> GetCommands() { return kCommands; }
 
-std::vector<std::string> RunCommand(const CommandLine& line) {
+CommandResult RunCommand(const CommandLine& line) {
   std::vector<std::string> warnings;
   const SmbiosTable table = ReadSource(line.Source, warnings);
-  CommandRun run = {line, table, warnings};
+  CommandRun run = {.Line = line, .Table = table, .Warnings = warnings};
   const std::string text = line.Chosen->MakeText(run);
   if ((line.Chosen->Options & kTakesNewFile) != 0) {
     WriteNewFile(*line.Output, text, line.Force);
@@ -104,7 +115,7 @@ std::vector<std::string> RunCommand(const CommandLine& line) {
   } else {
     WriteToStandardOutput(text);
   }
-  return warnings;
+  return {run.Code, std::move(warnings)};
 }
 
 }  // namespace kestrel

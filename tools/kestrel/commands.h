@@ -7,8 +7,14 @@
 
 namespace kestrel {
 
-// Runs the command, up to the last byte of output. Returns what a person should know of the table
-// besides, one line each. Throws ToolError.
-std::vector<std::string> RunCommand(const CommandLine& line);
+// What came of a command that wrote all it had to.
+struct CommandResult {
+  ExitCode Code;
+  // What a person should know of the table besides, one line each.
+  std::vector<std::string> Warnings;
+};
+
+// Runs the command, up to the last byte of output. Throws ToolError.
+CommandResult RunCommand(const CommandLine& line);
 
 }  // namespace kestrel

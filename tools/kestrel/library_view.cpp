@@ -39,7 +39,7 @@ std::string NoteOnDifferences(const LibraryView& view) {
   const StructurePlace first = lostIsFirst ? lost.front() : invented.front();
   std::string note;
   Append(note, {"the library ", counts, " of the structures, the first at ", Hex(first.Offset, 4),
-                "h (Type ", Decimal(first.Type), "): see 'kestrel list'"});
+                "h (Type ", Decimal(first.Type), "): see 'kestrel check'"});
   return note;
 }
 

@@ -35,10 +35,11 @@ ExitCode Try(int argumentCount, const char* const* arguments) {
     kestrel::WriteToStandardOutput(parsed.Answer);
     return ExitCode::Done;
   }
-  for (const std::string& warning : kestrel::RunCommand(parsed.Line)) {
+  const kestrel::CommandResult result = kestrel::RunCommand(parsed.Line);
+  for (const std::string& warning : result.Warnings) {
     Complain("warning: " + warning);
   }
-  return ExitCode::Done;
+  return result.Code;
 }
 
 int Run(int argumentCount, const char* const* arguments) {

@@ -12,6 +12,8 @@ enum class ExitCode {
   // be written.
   Failed = 1,
   WrongUsage = 2,
+  // The table that was checked has errors.
+  FaultyTable = 3,
 };
 
 // Ends a command. The text becomes the one line on standard error, after "kestrel: "; it says what
