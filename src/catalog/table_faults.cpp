@@ -138,6 +138,12 @@ void FaultFinder::CheckEntryPoint() {
   if (!is64Bit) {
     Check32BitEntryPoint();
   }
+  if (Table.IsElsewhere) {
+    // Most of these are dumps that keep the address of the machine's memory.
+    AddToEntryPoint(Severity::Remark,
+                    Join({"its table address is ", Hex(EntryPoint.TableAddress, 8),
+                          ", but the table is at another place of the image"}));
+  }
   CheckSizes();
 }
 
@@ -168,14 +174,14 @@ void FaultFinder::CheckChecksum(std::span<const std::uint8_t> bytes, std::string
 }
 
 void FaultFinder::CheckSizes() {
-  const bool is64Bit = EntryPoint.Kind == EntryPointKind::Bits64;
-  if (!is64Bit && EntryPoint.TableLength > Table.Bytes.size()) {
+  if (EntryPoint.Kind == EntryPointKind::Bits64) {
+    // Its length is a bound, and it has no count.
+    return;
+  }
+  if (EntryPoint.TableLength > Table.Bytes.size()) {
     AddToEntryPoint(Severity::Error,
                     Join({"its table length is ", Decimal(EntryPoint.TableLength), ", but ",
                           Decimal(Table.Bytes.size()), " bytes are there"}));
-  }
-  if (is64Bit) {
-    return;
   }
   const TableScan whole = ScanTable(Table.Bytes, EndRule{});
   if (EntryPoint.StructureCount != whole.Structures.size()) {

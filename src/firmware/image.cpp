@@ -130,7 +130,10 @@ SourceResult Image::LoadDump() {
   if (!offset) {
     return entryPoint->TableLength == 0 ? SourceProblem::TableEmpty : SourceProblem::TableOutside;
   }
-  return LoadTable(std::move(*entryPoint), *offset);
+  const bool isElsewhere = *offset != entryPoint->TableAddress;
+  SourceResult result = LoadTable(std::move(*entryPoint), *offset);
+  result.Table.IsElsewhere = isElsewhere;
+  return result;
 }
 
 SourceResult Image::LoadRsmb() {
@@ -159,7 +162,7 @@ SourceResult Image::LoadTable(EntryPointFacts entryPoint, std::uint64_t offset) 
     return SourceProblem::TableOutside;
   }
   auto bytes = File.Read(offset, std::min(entryPoint.TableLength, kLargestLoad));
-  return SmbiosTable{std::move(entryPoint), std::move(bytes)};
+  return SmbiosTable{.EntryPoint = std::move(entryPoint), .Bytes = std::move(bytes)};
 }
 
 // Many dumps keep the table's address in the machine's memory. In these the table follows the entry

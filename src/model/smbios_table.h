@@ -42,6 +42,8 @@ struct SmbiosTable {
   EntryPointFacts EntryPoint;
   // At most EntryPoint.TableLength bytes; fewer where no more could be read.
   std::vector<std::uint8_t> Bytes;
+  // Whether its source has it at another place than the entry point names.
+  bool IsElsewhere = false;
 };
 
 }  // namespace kestrel
