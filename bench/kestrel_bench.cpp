@@ -1,4 +1,5 @@
-// Times the walk, the report and the MIF document over tables of several sizes.
+// Times the walk, the report and the MIF document, the scan and the JSON document over tables of
+// several sizes.
 //
 // Of each it prints the time, the time per byte of the table, the size of the text, the time per
 // byte of it, and how often a memcpy of the text would fit into the time, measured in the same run:
@@ -19,11 +20,13 @@
 #include <utility>
 #include <vector>
 
+#include "catalog/table_scan.h"
 #include "firmware/entry_point.h"
 #include "firmware/table_firmware.h"
 #include "model/smbios_reader.h"
 #include "sample/sample_table.h"
 #include "sample/table_builder.h"
+#include "tools/kestrel/json_document.h"
 
 namespace {
 
@@ -47,7 +50,7 @@ Table MixedTable(std::size_t size) {
     table.insert(table.end(), sample.begin(), sample.end());
     kestrel::AppendStructure(table, 200, 0, {}, kStrings);
   }
-  table.resize(std::min(size, kestrel::kLongestTable));
+  table.resize(size);
   return table;
 }
 
@@ -133,7 +136,8 @@ std::size_t Everything(const Table& table) {
 }
 
 Table MixedTableOf(const benchmark::State& state) {
-  return MixedTable(static_cast<std::size_t>(state.range(0)) * 1024);
+  return MixedTable(
+      std::min(static_cast<std::size_t>(state.range(0)) * 1024, kestrel::kLongestTable));
 }
 
 void TimeWalk(benchmark::State& state) {
@@ -162,6 +166,33 @@ void TimeEverything(benchmark::State& state) {
   Measure(state, table.size(), [&] { return Everything(table); });
 }
 
+// Tables of any length, for what does not go through a 32-bit entry point.
+kestrel::SmbiosTable LongTable(std::size_t kilobytes) {
+  kestrel::SmbiosTable table;
+  table.EntryPoint.Version = kestrel::kSampleVersion;
+  table.Bytes = MixedTable(kilobytes * 1024);
+  return table;
+}
+
+std::size_t Json(const kestrel::SmbiosTable& table) {
+  const std::string text = MakeJsonDocument(table, kestrel::catalog::ScanTable(table), {});
+  benchmark::DoNotOptimize(text.data());
+  return text.size();
+}
+
+void TimeScan(benchmark::State& state) {
+  const kestrel::SmbiosTable table = LongTable(static_cast<std::size_t>(state.range(0)));
+  Measure(state, table.Bytes.size(), [&] {
+    benchmark::DoNotOptimize(kestrel::catalog::ScanTable(table).Structures.data());
+    return std::size_t{0};
+  });
+}
+
+void TimeJson(benchmark::State& state) {
+  const kestrel::SmbiosTable table = LongTable(static_cast<std::size_t>(state.range(0)));
+  Measure(state, table.Bytes.size(), [&] { return Json(table); });
+}
+
 // Announced counts that are true, or the same counts with nothing behind them.
 void TimeCounts(benchmark::State& state, std::uint8_t type, const Table& fields,
                 const std::vector<std::string_view>& strings) {
@@ -175,6 +206,9 @@ void RegisterBenchmarks() {
                                        {"document", &TimeDocument},
                                        {"everything", &TimeEverything}}) {
     benchmark::RegisterBenchmark(name, function)->Arg(1)->Arg(4)->Arg(16)->Arg(64);
+  }
+  for (const auto& [name, function] : {std::pair{"scan", &TimeScan}, {"json", &TimeJson}}) {
+    benchmark::RegisterBenchmark(name, function)->Arg(4)->Arg(64)->Arg(1024);
   }
   // Memory Controller, OEM Strings and Memory Channel: the count at its place, then the list.
   const std::vector<std::string_view> strings(255, "x");
@@ -205,6 +239,13 @@ int main(int argc, char** argv) {
   Everything(MixedTable(kestrel::kLongestTable));
   std::cout << "memory for everything of 64 KiB, above the idle process: " << PeakKilobytes() - idle
             << " KiB\n";
+  for (const std::size_t kilobytes : {4, 64, 1024}) {
+    // A peak only grows, so that the sizes come in order.
+    const long before = PeakKilobytes();
+    const std::size_t size = Json(LongTable(kilobytes));
+    std::cout << "memory for JSON of " << kilobytes << " KiB, " << size / 1024
+              << " KiB of text, above what went before: " << PeakKilobytes() - before << " KiB\n";
+  }
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
     return 1;
