@@ -11,14 +11,12 @@
 
 namespace kestrel {
 
-// What a command takes.
-enum CommandOption : unsigned {
-  kTakesSource = 1,   // the options that choose a table; without them it is this machine's
-  kTakesExact = 2,    // --exact
-  kTakesOutput = 4,   // -o FILE
-  kTakesNewFile = 8,  // FILE, and --force
-  kTakesTypes = 16,   // --type N, any number of times
-};
+// What a command takes: bits of Command::Options.
+inline constexpr unsigned kTakesSource = 1;   // the options that choose a table
+inline constexpr unsigned kTakesExact = 2;    // --exact
+inline constexpr unsigned kTakesOutput = 4;   // -o FILE
+inline constexpr unsigned kTakesNewFile = 8;  // FILE, and --force
+inline constexpr unsigned kTakesTypes = 16;   // --type N, any number of times
 
 struct CommandRun;
 
