@@ -193,7 +193,7 @@ void TimeJson(benchmark::State& state) {
   Measure(state, table.Bytes.size(), [&] { return Json(table); });
 }
 
-// Announced counts that are true, or the same counts with nothing behind them.
+// Announced counts that are true, or the same counts without entries.
 void TimeCounts(benchmark::State& state, std::uint8_t type, const Table& fields,
                 const std::vector<std::string_view>& strings) {
   const Table table = UniformTable(type, fields, strings);

@@ -17,7 +17,7 @@ constexpr std::array<std::uint8_t, 5> kIntermediateAnchor = {'_', 'D', 'M', 'I',
 
 constexpr std::size_t kSize64 = 24;
 
-// Some firmware counts a byte too few. The byte that is then missing says nothing new.
+// Some firmware publishes a byte too few, which repeats the version.
 constexpr std::size_t kShortestSize32 = 30;
 
 // Offsets in an entry point. The second half of a 32-bit one has a checksum of its own.
@@ -173,7 +173,7 @@ std::vector<std::uint8_t> WithTableAddress(const EntryPointFacts& entryPoint,
   for (std::size_t index = 0; index < address.size(); ++index) {
     address[index] = static_cast<std::uint8_t>(index < 4 ? tableAddress >> (8 * index) : 0);
   }
-  // In a 32-bit entry point the inner checksum makes up for the address, and so the outer one
+  // In a 32-bit entry point the inner checksum makes up for the address, so the outer one
   // stays.
   std::uint8_t& checksum = bytes[is64Bit ? kChecksum64 : kIntermediateChecksum32];
   checksum = static_cast<std::uint8_t>(checksum + before - Sum(address));

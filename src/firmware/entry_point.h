@@ -11,20 +11,20 @@
 
 namespace kestrel {
 
-// The most bytes of an entry point that are looked at.
+// No entry point is longer.
 inline constexpr std::size_t kLargestEntryPoint = 32;
 
 // The most bytes that a 32-bit entry point can announce.
 inline constexpr std::size_t kLongestTable = 65535;
 
-// Far more than any firmware has: bounds what an absurd length can have loaded.
+// The most bytes of a table that are loaded, however long it claims to be. No firmware comes close.
 inline constexpr std::uint32_t kLargestLoad = 16U * 1024U * 1024U;
 
 // Whether `bytes` start like a 32-bit or 64-bit entry point.
 bool HasEntryPointAnchor(std::span<const std::uint8_t> bytes);
 
-// Reads the entry point at the start of `bytes`. Nothing when there is none, or when it is cut;
-// checksums play no part.
+// Reads the entry point at the start of `bytes`. Nothing when there is none, or only a part of one.
+// Checksums are not verified.
 std::optional<EntryPointFacts> ParseEntryPoint(std::span<const std::uint8_t> bytes);
 
 // The bytes of the record, in the order of its layout.
@@ -40,8 +40,8 @@ std::vector<std::uint8_t> MakeEntryPoint(SmbiosVersion version, std::uint32_t ta
 std::vector<std::uint8_t> Make64BitEntryPoint(SmbiosVersion version, std::uint64_t tableAddress,
                                               std::uint32_t tableLength);
 
-// The bytes of an entry point, naming another place of its table. A checksum is changed by as much
-// as the address, so that a wrong one stays wrong.
+// The bytes of an entry point, with another table address. The checksum changes by as much as the
+// address, so that a wrong one stays wrong.
 std::vector<std::uint8_t> WithTableAddress(const EntryPointFacts& entryPoint,
                                            std::uint32_t tableAddress);
 

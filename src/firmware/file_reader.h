@@ -27,7 +27,7 @@ class FileReader {
   // At most `count` bytes from `offset` on; fewer at the end of the file, or where a read fails.
   std::vector<std::uint8_t> Read(std::uint64_t offset, std::size_t count);
 
-  // What failed last, Open or a read; a read that succeeds does not take it back.
+  // The last failure of Open or Read. Later successes do not clear it.
   std::error_code GetError() const { return Error; }
 
  private:

@@ -6,8 +6,8 @@
 
 namespace kestrel {
 
-// The way to a machine's physical memory, and the seam under everything: a kind for each source of
-// the same bytes. A fresh access is closed. Results are 1 for success and 0 for failure; a kind
+// The way to a machine's physical memory, and the seam under everything: one class for each source
+// of the same bytes. A fresh access is closed. Results are 1 for success and 0 for failure; a class
 // reports nothing else through this interface.
 class FirmwareAccess {
  public:
@@ -19,13 +19,12 @@ class FirmwareAccess {
   virtual int Open() = 0;
   // Safe in any state, after a failed Open as well.
   virtual int Close() noexcept = 0;
-  // Copies the bytes from physical address `address` on into `buffer`. Gives the number of bytes
-  // copied, from the first one on without a gap; 0 when the access is closed or the address cannot
-  // be read.
+  // Copies the bytes from physical address `address` on into `buffer`. Returns the number of bytes
+  // copied, without a gap; 0 when the access is closed or the address cannot be read.
   virtual std::uint32_t ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) = 0;
 };
 
-// The access to the memory of the machine that the process runs on: the kind of this system.
+// The access to the memory of the machine that the process runs on, as this system gives it.
 std::unique_ptr<FirmwareAccess> MakeMachineAccess();
 
 }  // namespace kestrel

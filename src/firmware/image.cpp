@@ -19,7 +19,7 @@ namespace {
 constexpr std::uint64_t kFirstMegabyte = 0x100000;
 constexpr std::size_t kBiosAreaSize = kBiosAreaEnd - kBiosAreaStart;
 
-// Where a 64-bit entry point may stand.
+// A 64-bit entry point begins at a multiple of this.
 constexpr std::size_t kParagraph = 16;
 
 // Where most programs that save a dump put the table.

@@ -30,8 +30,8 @@ struct ImageResult {
 // other kinds carry their own. Only what is looked at is read, however large the file.
 ImageResult ReadImage(const std::string& path, ImageKind kind, SmbiosVersion rawVersion);
 
-// What stands before the table in an image of the kind Rsmb, and in what Windows hands over for
-// 'RSMB'. Nothing when there are fewer bytes.
+// Reads the header of an image of the kind Rsmb, which is also what Windows returns for 'RSMB'.
+// Nothing when `bytes` are fewer.
 inline constexpr std::size_t kRsmbHeaderSize = 8;
 std::optional<EntryPointFacts> ParseRsmbHeader(std::span<const std::uint8_t> bytes);
 

@@ -10,7 +10,7 @@ namespace kestrel {
 // Why a source has no table.
 enum class SourceProblem {
   None,
-  CannotRead,     // Error tells why
+  CannotRead,     // Error says why
   NotAFile,       // a device, or a folder without tables
   Empty,          // no bytes at all
   TooLarge,       // too long for a raw table
@@ -21,7 +21,7 @@ enum class SourceProblem {
   TableEmpty,     // a table of no bytes is announced
 };
 
-// What came of a source: a table, or the reason why there is none.
+// A table, or the reason why a source has none.
 struct SourceResult {
   SourceResult() = default;
   // NOLINTNEXTLINE(google-explicit-constructor): a source returns one or the other.

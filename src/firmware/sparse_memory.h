@@ -10,11 +10,10 @@ namespace kestrel {
 class SparseMemory {
  public:
   void Map(std::uint32_t address, std::vector<std::uint8_t> bytes);
-  void Clear() { Regions.clear(); }
 
-  // Fills `buffer` from `address` on, with zeros from the first address on that no region holds.
-  // Gives the number of bytes that came from a region; a read does not go on from one region into
-  // the next.
+  // Fills `buffer` from `address` on, with zeros from the first address that no region holds.
+  // Returns the number of bytes that came from a region; a read does not continue from one region
+  // into the next.
   std::uint32_t Read(std::uint32_t address, std::span<std::uint8_t> buffer) const;
 
  private:

@@ -11,11 +11,11 @@
 namespace kestrel {
 
 // A structure table presented as physical memory: a 32-bit entry point at the start of the BIOS
-// area, the table above the first megabyte. Whatever a table comes from, the reader thus searches
-// and reads it in one way.
+// area, the table above the first megabyte. The reader thus finds and reads every table in the same
+// way, wherever it came from.
 //
-// The reader sees at most 65,535 bytes, up to a whole structure; of a table with a 64-bit entry
-// point, which gives no more than a bound, those up to its first End-of-Table structure.
+// A longer table ends after the last whole structure within 65,535 bytes. A table with a 64-bit
+// entry point, which states only an upper bound, ends after its first End-of-Table structure.
 class TableFirmware final : public FirmwareAccess {
  public:
   explicit TableFirmware(const SmbiosTable& table);

@@ -10,20 +10,20 @@ namespace kestrel {
 
 // The structures of a table, as the library walks it.
 struct TableSize {
-  // After the last of them. Zeros after it belong to no structure.
+  // The offset after the last of them. Zeros after it belong to no structure.
   std::size_t Bytes = 0;
   std::size_t Structures = 0;
   std::size_t LargestStructure = 0;
   bool HasEndOfTable = false;
 };
 
-// Measures the structures that end at or before `limit`, one that the end of the table cuts among
-// them; if asked to, no further than the first End-of-Table structure.
+// Measures the structures that end at or before `limit`, including one that the end of the table
+// cuts off. Stops after the first End-of-Table structure if asked to.
 TableSize MeasureTable(std::span<const std::uint8_t> table, std::size_t limit,
                        bool stopAtEndOfTable);
 
-// Whether bytes are missing that the table should have. A 64-bit entry point gives no more than a
-// bound, so its table is whole once it has an End-of-Table structure.
+// Whether the table lacks bytes that its entry point announces. A 64-bit entry point states only an
+// upper bound, so its table is complete once it has an End-of-Table structure.
 bool IsCut(const SmbiosTable& table);
 
 }  // namespace kestrel

@@ -81,7 +81,7 @@ std::vector<SampleStructure> MainBoardStructures() {
         1},
        {"en|US|iso8859-1", "de|DE|iso8859-1"}},
       {14, 0x0E00, {1, 0x04, 0x00, 0x04}, {"Processor module"}},
-      // System Event Log: 2 KB behind a 16-bit index port, two descriptors of two bytes.
+      // System Event Log: 2 KB accessed by a 16-bit index port, two descriptors of two bytes.
       {15, 0x0F00,
        {0x00, 0x08, 0x00, 0x00, 0x10, 0x00, 0x02, 0x01, 0x2A, 0x00, 0x00, 0x00,
         0xC0, 0x04, 0xC2, 0x04, 0x01, 0x02, 0x02,

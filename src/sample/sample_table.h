@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "firmware/table_firmware.h"
+#include "model/smbios_table.h"
 
 namespace kestrel {
 

@@ -70,7 +70,7 @@ def save_first_megabyte(options, path):
             if time.monotonic() > deadline:
                 raise SystemExit("FAILED: the firmware wrote no entry point")
             time.sleep(0.2)
-        # The anchor may be there before what it stands for: the machine has to come to rest.
+        # The anchor may be there before the rest: wait until nothing changes any more.
         before = None
         while before != (before := machine.save_memory(path, 0x100000)[0xF0000:]):
             time.sleep(0.5)

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs the tool on bad input: each case gives one line on standard error, its exit code, and nothing
+# Runs the tool on bad input. Each case expects an exit code, one line on standard error and nothing
 # on standard output. Argument: the tool.
 set -uo pipefail
 kestrel=$1

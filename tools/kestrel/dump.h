@@ -6,9 +6,9 @@
 
 namespace kestrel {
 
-// The bytes of a dump: the table's own entry point, naming offset 20h, and there the table. A table
-// that came without an entry point gets one. Read as an image, a dump gives the same texts as the
-// table.
+// The bytes of a dump: the table's entry point with the table address 20h, and the table at that
+// offset. A table without an entry point gets one. Read as an image, a dump yields the same texts
+// as the table.
 std::string DumpOf(const SmbiosTable& table);
 
 }  // namespace kestrel

@@ -17,8 +17,8 @@ namespace {
 
 constexpr DWORD kRsmbProvider = 0x52534D42;  // 'RSMB'
 
-// From Windows Vista on, and on Windows XP x64: the table that Windows itself has read. Looked up
-// when it is called, since earlier systems lack it.
+// The table as Windows itself has read it. Looked up when it is called, since earlier systems lack
+// the function.
 std::vector<std::uint8_t> CallSystem() {
   using Function = UINT(WINAPI*)(DWORD provider, DWORD table, void* buffer, DWORD size);
   const auto function = reinterpret_cast<Function>(reinterpret_cast<void*>(

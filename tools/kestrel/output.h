@@ -7,16 +7,15 @@ namespace kestrel {
 
 // Each of these writes all the bytes, or throws ToolError.
 
-// A reader that went away ends the output quietly.
+// A closed pipe ends the output without an error.
 void WriteToStandardOutput(std::string_view bytes);
 
-// Writes to whatever has the name, as a shell's ">" does: a file is emptied and keeps its
-// permissions, a link is followed.
+// Writes as a shell's ">" does: an existing file is emptied and keeps its permissions, a link is
+// followed.
 void WriteFile(const std::string& path, std::string_view bytes);
 
-// Writes a file that nobody had before; anything that has the name is refused, a link included.
-// With `force` a regular file is emptied and written instead. A new file that cannot be filled is
-// removed.
+// Creates a file. Refuses a name that exists, even as a link; with `force` an existing regular file
+// is emptied and written. A new file that cannot be written completely is removed.
 void WriteNewFile(const std::string& path, std::string_view bytes, bool force);
 
 }  // namespace kestrel

@@ -66,7 +66,7 @@ SmbiosTable ReadNamedImage(const SourceOptions& options, std::vector<std::string
     throw ToolError("'" + *options.Image + "' has a table of no bytes: save the image again");
   }
   if (options.RawVersion && image.Kind != ImageKind::Raw) {
-    warnings.emplace_back("--smbios-version is left aside: the image has its own version");
+    warnings.emplace_back("--smbios-version is ignored: the image has its own version");
   }
   return std::move(image.Source.Table);
 }

@@ -16,12 +16,12 @@ struct SourceOptions {
   // For a raw table, which carries no version.
   std::optional<SmbiosVersion> RawVersion;
   bool Sample = false;
-  // Whether the command takes none of the others, so that nobody is told of them.
+  // Whether the command takes no other source, so that messages do not suggest one.
   bool MachineOnly = false;
 };
 
-// Reads the table, which has a byte at least. Adds what a person should know of it, one line each.
-// Throws ToolError when there is none to be had.
+// Returns a table of at least one byte. Appends what a person should know about it, one line each.
+// Throws ToolError when there is no table.
 SmbiosTable ReadSource(const SourceOptions& options, std::vector<std::string>& warnings);
 
 }  // namespace kestrel
