@@ -12,6 +12,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 add_library(kestrel_compiler INTERFACE)
 target_compile_options(kestrel_compiler INTERFACE
+  "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=" "-ffile-prefix-map=${PROJECT_BINARY_DIR}/="
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 
 if(KESTREL_SANITIZERS)

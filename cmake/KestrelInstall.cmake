@@ -62,5 +62,6 @@ install(FILES completions/_kestrel
 install(FILES completions/kestrel.fish
   DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d" COMPONENT kestrel)
 
+include(KestrelDebian)
 get_property(compressed GLOBAL PROPERTY KESTREL_COMPRESSED)
 add_custom_target(kestrel_documents ALL DEPENDS ${compressed})
