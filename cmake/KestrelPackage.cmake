@@ -1,12 +1,18 @@
 # What users on Windows get: one zip, to be unpacked anywhere.
-install(FILES README.md DESTINATION .)
-
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)
   set(width x86)
+  set(KESTREL_ZIP_FOR "32-bit x86")
 else()
   set(width x64)
+  set(KESTREL_ZIP_FOR x64)
 endif()
+configure_file(packaging/windows/README.txt.in README.txt @ONLY NEWLINE_STYLE WIN32)
+install(FILES "${PROJECT_BINARY_DIR}/README.txt" DESTINATION .)
+
 set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_FILE_NAME "kestrel-${PROJECT_VERSION}-windows-${width}")
+set(CPACK_PROJECT_CONFIG_FILE "${PROJECT_SOURCE_DIR}/cmake/release_date.cmake")
+set(CPACK_PRE_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/cmake/release_date.cmake")
+set(CPACK_KESTREL_RELEASE_DATE "${KESTREL_RELEASE_DATE}")
 set(CPACK_VERBATIM_VARIABLES ON)
 include(CPack)

@@ -21,10 +21,14 @@ check() {
   diff -u --label "$2, wanted" --label "$2, found" "$work/wanted" "$work/found"
 }
 
-files="README.md
+files="README.txt
 bin/Kestrel.dll
 bin/kestrel.exe
 include/kestrel.h
+lib/cmake/kestrel/kestrel-config-version.cmake
+lib/cmake/kestrel/kestrel-config.cmake
+lib/cmake/kestrel/kestrel-targets-release.cmake
+lib/cmake/kestrel/kestrel-targets.cmake
 lib/libKestrel.dll.a"
 echo "$files" | check mingw32 x86 "Petrel.sys PetrelNt.sys"
 echo "$files" | check mingw64 x64 Petrel.sys
