@@ -125,6 +125,8 @@ TEST(ImageTest, IsPresentedAsFarAsItFits) {
       {"the same, handed over", rsmb(tooLong), "", true, false},
       {"the same, as a bare table", tooLong, "", true, false},
       {"zeros up to the bound", dump(PadTo(200000, full)), kOneBlock, false, false},
+      {"zeros after a string", rsmb(PadTo(70000, Join({fits, {126, 4, 0, 0, 'a', 'b', 0, 0}}))), "",
+       false, false},
       {"zeros up to the length", rsmb(PadTo(70000, full)), kOneBlock, false, false},
       {"a second table after the first", dump(kTwoEnds), kOneBlock, false, false},
       {"cut within the last structure", dump({127, 4}), kOneBlock, false, false},
