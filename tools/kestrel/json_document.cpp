@@ -167,7 +167,8 @@ class FieldWriter {
   }
 
   Json StringOf(std::uint64_t number) const {
-    return number == 0 || number > Strings.size() ? Json() : Strings[number - 1];
+    return number == 0 || number > Strings.size() ? Json()
+                                                  : Strings[static_cast<std::size_t>(number) - 1];
   }
 
   Json ListOf(const DecodedField& field) const {

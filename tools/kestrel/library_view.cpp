@@ -47,7 +47,7 @@ std::string_view StringOf(const catalog::DecodedFields& fields, std::string_view
                           const std::vector<std::string_view>& strings) {
   for (const catalog::DecodedField& field : fields) {
     if (field.Definition->Key == key && field.Number != 0 && field.Number <= strings.size()) {
-      return strings[field.Number - 1];
+      return strings[static_cast<std::size_t>(field.Number) - 1];
     }
   }
   return {};
