@@ -111,6 +111,14 @@ done
   fail "cut table: said '$(cat err)'"
 [ "$(cat out)" = "End-of-Table (Type 127)" ] || fail "cut table: shown as '$(cat out)'"
 
+# An error in a table shows in the exit code, a remark does not.
+printf '\x18\x05\x01\0\0\0\0' >no-end
+{ end_of_table; printf '\0'; } >zero-after-end
+for image in no-end/3 zero-after-end/0; do
+  "$kestrel" check --image "${image%/*}" --format raw >out 2>err
+  [ "$?/$(cat err)" = "${image#*/}/" ] || fail "check of ${image%/*}: said '$(cat err)'"
+done
+
 "$kestrel" mif --sample >/dev/full 2>err
 [ "$?/$(cat err)" = "1/kestrel: standard output cannot be written (No space left on device): write to a place that takes it" ] ||
   fail "full device: said '$(cat err)'"
