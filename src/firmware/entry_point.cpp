@@ -4,7 +4,6 @@
 #include <array>
 #include <numeric>
 
-#include "firmware/table_measure.h"
 #include "model/table_cursor.h"
 
 namespace kestrel {
@@ -130,9 +129,7 @@ std::vector<std::uint8_t> EntryPointBytes(const SMEntryPoint& record) {
 }
 
 std::vector<std::uint8_t> MakeEntryPoint(SmbiosVersion version, std::uint32_t tableAddress,
-                                         std::uint16_t tableLength,
-                                         std::span<const std::uint8_t> table) {
-  const TableSize size = MeasureTable(table, table.size(), false);
+                                         std::uint16_t tableLength, const TableSize& size) {
   SMEntryPoint record;
   record.SetAnchor(kAnchor32);
   record.SetEntryPointLength(SMEntryPoint::kSize);

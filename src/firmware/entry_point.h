@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "firmware/table_measure.h"
 #include "model/sm_entry_point.h"
 #include "model/smbios_table.h"
 
@@ -30,11 +31,10 @@ std::optional<EntryPointFacts> ParseEntryPoint(std::span<const std::uint8_t> byt
 // The bytes of the record, in the order of its layout.
 std::vector<std::uint8_t> EntryPointBytes(const SMEntryPoint& record);
 
-// A 32-bit entry point with both checksums, for a table of `tableLength` bytes of which `table`
-// may hold fewer.
+// A 32-bit entry point with both checksums, for a table of `tableLength` bytes with the structures
+// of `size`.
 std::vector<std::uint8_t> MakeEntryPoint(SmbiosVersion version, std::uint32_t tableAddress,
-                                         std::uint16_t tableLength,
-                                         std::span<const std::uint8_t> table);
+                                         std::uint16_t tableLength, const TableSize& size);
 
 // A 64-bit entry point for a table that is too long for a 32-bit one.
 std::vector<std::uint8_t> Make64BitEntryPoint(SmbiosVersion version, std::uint64_t tableAddress,

@@ -34,7 +34,8 @@ TableFirmware::TableFirmware(const SmbiosTable& table) {
     bytes.resize(length);
   }
   Memory.Map(kBiosAreaStart, MakeEntryPoint(table.EntryPoint.Version, kTableAddress,
-                                            static_cast<std::uint16_t>(length), bytes));
+                                            static_cast<std::uint16_t>(length),
+                                            MeasureTable(bytes, bytes.size(), false)));
   Memory.Map(kTableAddress, std::move(bytes));
 }
 

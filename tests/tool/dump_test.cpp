@@ -9,7 +9,8 @@ namespace kestrel {
 namespace {
 
 TEST(DumpTest, NamesItsOwnTable) {
-  const Bytes table = {127, 4, 0x34, 0x12, 0, 0};
+  // The library takes the type of the second structure for a zero of the first.
+  const Bytes table = {1, 4, 0, 0, 0, 0, 0, 5, 1, 0, 9, 0, 0};
   const struct {
     const char* Name;
     Bytes EntryPoint;
@@ -25,13 +26,13 @@ TEST(DumpTest, NamesItsOwnTable) {
        {'_',  'S', 'M', '3', '_', 0x37, 24, 3, 2, 7, 1, 0, 6, 0, 1, 0,
         0x20, 0,   0,   0,   0,   0,    0,  0, 0, 0, 0, 0, 0, 0, 0, 0}},
       // Both checksums make their sums 0.
-      {"none", {}, {'_', 'S', 'M', '_', 0x78, 31,   2, 3, 6,    0, 0, 0, 0, 0, 0,    0,
-                    '_', 'D', 'M', 'I', '_',  0x1E, 6, 0, 0x20, 0, 0, 0, 1, 0, 0x23, 0}},
+      {"none", {}, {'_', 'S', 'M', '_', 0x77, 31,   2,  3, 7,    0, 0, 0, 0, 0, 0,    0,
+                    '_', 'D', 'M', 'I', '_',  0x16, 13, 0, 0x20, 0, 0, 0, 2, 0, 0x23, 0}},
   };
   for (const auto& test : cases) {
     SmbiosTable source;
     source.EntryPoint = ParseEntryPoint(test.EntryPoint).value_or(EntryPointFacts{});
-    source.EntryPoint.TableLength = 6;
+    source.EntryPoint.TableLength = 13;
     source.Bytes = table;
     const std::string dump = DumpOf(source);
     EXPECT_EQ(Bytes(dump.begin(), dump.end()), Join({test.Expected, table})) << test.Name;

@@ -15,7 +15,8 @@ int main(int argumentCount, char** arguments) {
   }
   const std::vector<std::uint8_t> table = kestrel::MakeSampleTable();
   const std::vector<std::uint8_t> entryPoint = kestrel::MakeEntryPoint(
-      kestrel::kSampleVersion, kTableAddress, static_cast<std::uint16_t>(table.size()), table);
+      kestrel::kSampleVersion, kTableAddress, static_cast<std::uint16_t>(table.size()),
+      kestrel::MeasureTable(table, table.size(), false));
   std::vector<char> memory(0x200000);
   std::copy(entryPoint.begin(), entryPoint.end(), memory.begin() + kEntryPointAddress);
   std::copy(table.begin(), table.end(), memory.begin() + kTableAddress);

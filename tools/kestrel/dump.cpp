@@ -1,8 +1,12 @@
 #include "tools/kestrel/dump.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
+#include "catalog/table_scan.h"
 #include "firmware/entry_point.h"
 
 namespace kestrel {
@@ -10,6 +14,17 @@ namespace kestrel {
 namespace {
 
 constexpr std::uint32_t kTableOffset = 0x20;
+
+// The structures by the published rules: whoever reads a dump stops after as many as it announces.
+TableSize SizeOf(std::span<const std::uint8_t> table) {
+  const catalog::TableScan scan = catalog::ScanTable(table, {});
+  TableSize size;
+  size.Structures = scan.Structures.size();
+  for (const catalog::Structure& structure : scan.Structures) {
+    size.LargestStructure = std::max(size.LargestStructure, structure.GetEnd() - structure.Offset);
+  }
+  return size;
+}
 
 std::vector<std::uint8_t> EntryPointOf(const SmbiosTable& table) {
   const EntryPointFacts& facts = table.EntryPoint;
@@ -20,7 +35,7 @@ std::vector<std::uint8_t> EntryPointOf(const SmbiosTable& table) {
     return Make64BitEntryPoint(facts.Version, kTableOffset, facts.TableLength);
   }
   return MakeEntryPoint(facts.Version, kTableOffset, static_cast<std::uint16_t>(facts.TableLength),
-                        table.Bytes);
+                        SizeOf(table.Bytes));
 }
 
 }  // namespace
