@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 sources() {
-  find include src drivers tools tests bench -name "$1" -print0
+  find include src drivers tools tests fuzz bench -name "$1" -print0
 }
 
 case $1 in
