@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <new>
 #include <string>
@@ -42,15 +43,22 @@ ExitCode Try(int argumentCount, const char* const* arguments) {
   return result.Code;
 }
 
+// Ends the process from where it stands: the way back leads through destructors and streams of
+// other libraries, which need memory themselves.
+[[noreturn]] void EndWithoutMemory() {
+  static_cast<void>(
+      std::fputs("kestrel: there is not enough memory: close other programs\n", stderr));
+  std::_Exit(static_cast<int>(ExitCode::Failed));
+}
+
 int Run(int argumentCount, const char* const* arguments) {
+  std::set_new_handler(EndWithoutMemory);
   ExitCode code = ExitCode::Failed;
   try {
     code = Try(argumentCount, arguments);
   } catch (const kestrel::ToolError& error) {
     Complain(error.what());
     code = error.GetCode();
-  } catch (const std::bad_alloc&) {
-    Complain("there is not enough memory: close other programs");
   } catch (const std::exception& error) {
     Complain(std::string(error.what()) + ": report this as a fault of the tool");
   }

@@ -1,0 +1,86 @@
+#!/usr/bin/env python3
+"""Runs the tool with each call in turn failing that it makes for memory or files.
+
+It then does all of its work, or says in a line why not, and leaves nothing that it has begun.
+Arguments: the tool, and the library that lets a call fail.
+"""
+import itertools
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+KESTREL, FAILING_CALL = map(os.path.abspath, sys.argv[1:])
+
+MEMORY = "there is not enough memory: close other programs"
+READING = "'dump' cannot be read (Input/output error): name a file that can"
+READING_PAIR = "'pair' cannot be read (Input/output error): name a file that can"
+PRINTING = "standard output cannot be written (Input/output error): write to a place that takes it"
+WRITING = "'out' cannot be written (Input/output error): write to a place that takes it"
+
+# What a command says when a call fails on which it depends.
+CASES = {
+    "--help": {MEMORY, PRINTING},
+    "report --image dump": {MEMORY, READING, PRINTING},
+    "report --image pair": {MEMORY, READING_PAIR, PRINTING},
+    "mif --image dump -o out": {MEMORY, READING, WRITING},
+    "bios --image dump": {MEMORY, READING, PRINTING},
+    "list --image dump": {MEMORY, READING, PRINTING},
+    "json --image dump -o out": {MEMORY, READING, WRITING},
+    "check --image dump": {MEMORY, READING, PRINTING},
+    "check --frob": {MEMORY, "The following argument was not expected: --frob: see 'kestrel check --help'"},
+}
+
+BIOS = bytes.fromhex("001200000102 00E0 030790 00000000000000".replace(" ", "")) + b"A\0B\0\0"
+TABLE = BIOS + b"\x7F\x04\0\0\0\0"
+ENTRY_POINT = (b"_SM_\0\x1F\x02\x03\0\0\0\0\0\0\0\0_DMI_\0" + len(TABLE).to_bytes(2, "little")
+               + b"\x20\0\0\0\x02\0\x23\0")
+
+
+def run(arguments, failing_call):
+    """Returns the exit code, and the texts on both streams and in the file."""
+    environment = {"LD_PRELOAD": FAILING_CALL, "KESTREL_FAILING_CALL": str(failing_call)}
+    done = subprocess.run([KESTREL, *arguments.split()], env=environment, capture_output=True,
+                          check=False)
+    out = pathlib.Path("out")
+    written = out.read_bytes() if out.exists() else None
+    out.unlink(missing_ok=True)
+    return done.returncode, done.stdout, done.stderr, written
+
+
+def check(arguments, expected):
+    """Returns what is wrong with the command."""
+    whole = run(arguments, -1)
+    said = set()
+    for failing_call in itertools.count():
+        result = run(arguments, failing_call)
+        if not os.path.lexists("failed"):
+            break
+        os.unlink("failed")
+        line = result[2].decode()
+        if result != whole:
+            said.add(line.removeprefix("kestrel: ").rstrip("\n"))
+            if result != (1, b"", line.encode(), None) or line.count("\n") != 1:
+                return [f"{arguments}, call {failing_call}: {result}"]
+    names = sorted(os.listdir())
+    if names != ["dump", "pair"] or failing_call < 10 or said != expected:
+        return [f"{arguments}, {failing_call} calls: said {said}, and left {names}"]
+    return []
+
+
+def main():
+    with tempfile.TemporaryDirectory() as folder:
+        os.chdir(folder)
+        os.mkdir("pair")
+        pathlib.Path("dump").write_bytes(ENTRY_POINT + TABLE)
+        pathlib.Path("pair/smbios_entry_point").write_bytes(ENTRY_POINT)
+        pathlib.Path("pair/DMI").write_bytes(TABLE)
+        faults = [fault for case in CASES.items() for fault in check(*case)]
+        print("\n".join(faults))
+        os.chdir("/")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
