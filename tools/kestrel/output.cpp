@@ -116,6 +116,16 @@ void ThrowIf(std::error_code error, const std::string& target) {
 
 std::string Quoted(const std::string& path) { return "'" + path + "'"; }
 
+// Takes what an attempt to open a file returned. Removes a new file that cannot be written
+// completely.
+void Fill(const std::string& path, int descriptor, bool isNew, std::string_view bytes) {
+  const std::error_code error = WriteAndClose(descriptor, bytes);
+  if (error && isNew) {
+    Remove(path);
+  }
+  ThrowIf(error, Quoted(path));
+}
+
 }  // namespace
 
 void WriteToStandardOutput(std::string_view bytes) {
@@ -127,7 +137,12 @@ void WriteToStandardOutput(std::string_view bytes) {
 }
 
 void WriteFile(const std::string& path, std::string_view bytes) {
-  ThrowIf(WriteAndClose(Open(path, O_WRONLY | O_CREAT | O_TRUNC), bytes), Quoted(path));
+  int descriptor = Open(path, O_WRONLY | O_CREAT | O_EXCL);
+  const bool isNew = descriptor >= 0;
+  if (!isNew && errno == EEXIST) {
+    descriptor = Open(path, O_WRONLY | O_CREAT | O_TRUNC);
+  }
+  Fill(path, descriptor, isNew, bytes);
 }
 
 void WriteNewFile(const std::string& path, std::string_view bytes, bool force) {
@@ -142,11 +157,7 @@ void WriteNewFile(const std::string& path, std::string_view bytes, bool force) {
     }
     descriptor = OpenWithoutLinks(path);
   }
-  const std::error_code error = WriteAndClose(descriptor, bytes);
-  if (error && isNew) {
-    Remove(path);
-  }
-  ThrowIf(error, Quoted(path));
+  Fill(path, descriptor, isNew, bytes);
 }
 
 }  // namespace kestrel

@@ -5,7 +5,8 @@
 
 namespace kestrel {
 
-// Each of these writes all the bytes, or throws ToolError.
+// Each of these writes all the bytes, or throws ToolError. A new file that cannot be written
+// completely is removed.
 
 // A closed pipe ends the output without an error.
 void WriteToStandardOutput(std::string_view bytes);
@@ -15,7 +16,7 @@ void WriteToStandardOutput(std::string_view bytes);
 void WriteFile(const std::string& path, std::string_view bytes);
 
 // Creates a file. Refuses a name that exists, even as a link; with `force` an existing regular file
-// is emptied and written. A new file that cannot be written completely is removed.
+// is emptied and written.
 void WriteNewFile(const std::string& path, std::string_view bytes, bool force);
 
 }  // namespace kestrel
