@@ -16,6 +16,7 @@ KESTREL, FAILING_CALL = map(os.path.abspath, sys.argv[1:])
 MEMORY = "there is not enough memory: close other programs"
 READING = "'dump' cannot be read (Input/output error): name a file that can"
 READING_PAIR = "'pair' cannot be read (Input/output error): name a file that can"
+NO_FOLDER = "'pair' is not a file: name a saved image"
 PRINTING = "standard output cannot be written (Input/output error): write to a place that takes it"
 WRITING = "'out' cannot be written (Input/output error): write to a place that takes it"
 
@@ -23,17 +24,17 @@ WRITING = "'out' cannot be written (Input/output error): write to a place that t
 CASES = {
     "--help": {MEMORY, PRINTING},
     "report --image dump": {MEMORY, READING, PRINTING},
-    "report --image pair": {MEMORY, READING_PAIR, PRINTING},
+    "report --image pair": {MEMORY, NO_FOLDER, READING_PAIR, PRINTING},
     "mif --image dump -o out": {MEMORY, READING, WRITING},
     "bios --image dump": {MEMORY, READING, PRINTING},
     "list --image dump": {MEMORY, READING, PRINTING},
     "json --image dump -o out": {MEMORY, READING, WRITING},
     "check --image dump": {MEMORY, READING, PRINTING},
-    "check --frob": {MEMORY, "The following argument was not expected: --frob: see 'kestrel check --help'"},
+    "check --frob": {MEMORY},
 }
 
-BIOS = bytes.fromhex("001200000102 00E0 030790 00000000000000".replace(" ", "")) + b"A\0B\0\0"
-TABLE = BIOS + b"\x7F\x04\0\0\0\0"
+TABLE = (b"\0\x12\0\0\1\2\0\xE0\3\7\x90\0\0\0\0\0\0\0Maker\x001.07\x0005/14/2002\0\0"
+         b"\x7F\x04\0\0\0\0")
 ENTRY_POINT = (b"_SM_\0\x1F\x02\x03\0\0\0\0\0\0\0\0_DMI_\0" + len(TABLE).to_bytes(2, "little")
                + b"\x20\0\0\0\x02\0\x23\0")
 
