@@ -7,6 +7,8 @@
 #include <span>
 #include <vector>
 
+#include "catalog/table_faults.h"
+#include "catalog/table_scan.h"
 #include "firmware/entry_point.h"
 #include "firmware/entry_point_search.h"
 #include "firmware/image.h"
@@ -73,6 +75,11 @@ void Fuzz(std::span<const std::uint8_t> input) {
               ReadImage("image", recognised, {}).Source.Table.Bytes == table.Bytes,
           "the kind that was recognised is not that of the image");
   if (!table.Bytes.empty()) {
+    // Only here have entry points any faults.
+    const catalog::FaultList faults = catalog::FindFaults(table, catalog::ScanTable(table));
+    for (const catalog::Fault& fault : faults.GetFaults()) {
+      Require(!fault.Text.empty(), "a fault has no text");
+    }
     CheckDump(table);
   }
 }
