@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::uint8_t kEndOfTable = 127;
 
+constexpr std::size_t kUsualStructureSize = 32;
+
 bool IsZero(std::uint8_t byte) { return byte == 0; }
 
 // Places the cursor on the zero that closes the string set at its position.
@@ -46,6 +48,8 @@ std::vector<std::string_view> Structure::GetStrings() const {
 
 TableScan ScanTable(std::span<const std::uint8_t> table, EndRule rule) {
   TableScan scan;
+  // Most tables have no more structures than this, so that their list is one allocation.
+  scan.Structures.reserve(table.size() / kUsualStructureSize);
   TableCursor cursor(table);
   while (!cursor.IsAtEnd()) {
     Structure structure;
