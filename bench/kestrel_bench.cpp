@@ -103,7 +103,7 @@ void Measure(benchmark::State& state, std::size_t tableSize, Work work) {
   }
 }
 
-// Gives a reader the version of the newer layouts; the tables are walked without it.
+// An access that tells a reader the version of the newer layouts; the tables are walked without it.
 std::unique_ptr<kestrel::FirmwareAccess> EmptyTable() {
   return std::make_unique<kestrel::TableFirmware>(kestrel::kSampleVersion, Table());
 }

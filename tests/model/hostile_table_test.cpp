@@ -66,7 +66,7 @@ class GuardedBuffer {
 };
 
 // Reads and renders a table from exactly the bytes given, by the older layouts and by the newer
-// ones. Gives the size of the texts, so that nothing of it can be left out.
+// ones. Returns the size of the texts, so that nothing of it can be left out.
 std::size_t ReadAndRender(std::span<const std::uint8_t> table) {
   std::size_t size = 0;
   for (const SmbiosVersion version : {SmbiosVersion{2, 1}, SmbiosVersion{2, 3}}) {

@@ -41,7 +41,7 @@ TEST(TableWalkTest, FindsEachStructure) {
   } cases[] = {
       {"no bytes", {}, {}},
       {"end of table alone", kEnd, {127}},
-      {"zeros behind the end of table", Join({Bios({"A", "B", "C"}), kEnd, Bytes(6)}), {0, 127}},
+      {"zeros after the end of table", Join({Bios({"A", "B", "C"}), kEnd, Bytes(6)}), {0, 127}},
       {"no reader, no strings", Join({{0xC8, 6, 0x34, 0x12, 1, 2, 0, 0}, kEnd}), {127}},
       {"no reader, two strings",
        Join({{0xC8, 6, 0x34, 0x12, 1, 2, 'X', 0, 'Y', 0, 0}, kEnd}),
@@ -55,10 +55,10 @@ TEST(TableWalkTest, FindsEachStructure) {
               0, 0,    0, 0, 0, 0, 0, 0, 0, 5, 5, 5, 5, 5, 'A', 0, 0},
              kEnd}),
        {1, 127}},
-      {"structures behind the end of table",
+      {"structures after the end of table",
        Join({kEnd, Structure(126, {}), kEnd}),
        {127, 126, 127}},
-      {"a type 0 structure behind an empty string set loses its type byte",
+      {"a type 0 structure after an empty string set loses its type byte",
        // Its Length byte, 7Eh, is then the type, and its handle's low byte 4 the Length.
        Join({{0xC8, 4, 0, 0, 0, 0}, {0, 0x7E, 4, 0, 0, 'x', 0, 0}}),
        {126}},
@@ -105,7 +105,7 @@ TEST(StringSetTest, TakesTheDeclaredStringsFromBehindTheFormattedArea) {
       {"as many as declared", Bios({"A", "B", "C"}), {"A", "B", "C"}},
       {"fewer", Bios({"A", "B"}), {"A", "B"}},
       {"none", Bios({}), {}},
-      {"more, behind a longer formatted area", longer, {"A", "B", "C"}},
+      {"more, after a longer formatted area", longer, {"A", "B", "C"}},
       {"none declared", {127, 4, 0, 0, 'A', 0, 0}, {}},
       {"cut by the end of the table", Join({{1, 4, 0, 0, 'A', 0, 'B', 'C'}}), {"A", "BC"}},
   };

@@ -26,7 +26,7 @@ struct WindowsSetup {
   bool StoppedServiceAnswers = true;
 };
 
-// Such a machine behind the functions of platform/win32.h, which act on the one that lives. The
+// Such a machine under the functions of platform/win32.h, which act on the one that lives. The
 // test fails where a function is misused.
 struct EmulatedWindows {
   // Further than any clock goes here.

@@ -17,7 +17,7 @@ using Bytes = std::vector<std::uint8_t>;
 Bytes Structure(std::uint8_t type, const Bytes& fields,
                 std::initializer_list<std::string_view> strings = {});
 
-// The parts, one behind the other: structures make a table, fields make a structure.
+// The parts, one after the other: structures make a table, fields make a structure.
 Bytes Join(std::initializer_list<Bytes> parts);
 
 // The library's texts of a table, which goes the whole way from physical memory on.

@@ -85,7 +85,7 @@ TEST(Type37Test, ListsItsDevices) {
        "Memory Channel (Type 37)\r\n"
        "\tChannel Type : \r\n\tMaximum Channel Load : 0\r\n\tMemory Device Count : 0\r\n"
        "\tMemory Devices :\r\nEnd-of-Table (Type 127)\r\n\r\n"},
-      {"behind the end of the table",
+      {"after the end of the table",
        {37, 7, 0, 0, 5, 255, 3, 0x04, 0x20, 0x01, 0x05},
        "Memory Channel (Type 37)\r\n"
        "\tChannel Type : \r\n\tMaximum Channel Load : 255\r\n\tMemory Device Count : 3\r\n"
