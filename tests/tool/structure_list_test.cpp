@@ -41,13 +41,6 @@ TEST(StructureListTest, MarksWhatTheTextsLoseOrSeeOtherwise) {
        "0000h    0    9  0000h  BIOS Information  *\r\n"
        "000Bh  127    4  0000h  End-of-Table\r\n",
        {"* marks what the report and the MIF document lose or show differently"}},
-      {"a first string that is empty",
-       {12, 5, 1, 0, 1, 0, 'S', 4, 'T', 'U', 0, 0, 0x7F, 4, 0, 0, 0, 0},
-       "0000h   12    5  0001h  System Configuration Options  *\r\n"
-       "000Ch  127    4  0000h  End-of-Table\r\n",
-       {"* marks what the report and the MIF document lose or show differently",
-        "structures that the report and the MIF document see and that are none: 1, the first at "
-        "0006h"}},
       {"a Length below 4, which the walk takes at its word",
        Join({kEnd, {1, 2, 'A', 0, 0}}),
        "0000h  127    4  0000h  End-of-Table\r\n",
