@@ -45,6 +45,7 @@ ImageResult Read(const Bytes& image, ImageKind kind = ImageKind::Auto) {
 }
 
 TEST(ImageTest, ReadsEachKind) {
+  using enum ImageKind;
   constexpr std::uint32_t kElsewhere = 0xDEADB000;
   constexpr std::uint64_t kFarAway = 0x7F00000000;
   const Bytes area32 =
@@ -52,41 +53,31 @@ TEST(ImageTest, ReadsEachKind) {
   const Bytes area64 = PadTo(0x10000, Join({Bytes(0xFFF0 - 0x100), EntryPoint64(6, 0)}));
   // One byte on, and eight bytes on, it looks like a table as well.
   const Bytes table = Join({{0, 4, 5, 0, 'a', 0, 0}, {1, 4, 5, 0, 0, 0}, kEnd});
+  const Bytes dump = Join({EntryPoint32(kVersion, 12, 31), kTwoEnds});
   const struct {
     const char* Name;
     Bytes Image;
     Outcome Expected;
   } cases[] = {
-      {"the BIOS area alone", area32, {ImageKind::Memory, kVersion, kEnd}},
-      {"the first megabyte", Join({Bytes(0xF0000), area32}), {ImageKind::Memory, kVersion, kEnd}},
+      {"the BIOS area alone", area32, {Memory, kVersion, kEnd}},
+      {"the first megabyte", Join({Bytes(0xF0000), area32}), {Memory, kVersion, kEnd}},
       {"more, with the table at the end",
        Join({Bytes(0xF0000), PadTo(0x10000, EntryPoint32(kVersion, 12, 0x100000)), kTwoEnds}),
-       {ImageKind::Memory, kVersion, kTwoEnds}},
-      {"a 64-bit entry point in memory, with the table at 0",
-       Join({kEnd, Bytes(0xF0000 - 6), area64}),
-       {ImageKind::Memory, {3, 2}, kEnd}},
-      {"a dump",
-       Join({EntryPoint32(kVersion, 12, 31), kTwoEnds}),
-       {ImageKind::Dump, kVersion, kTwoEnds}},
+       {Memory, kVersion, kTwoEnds}},
+      {"64-bit, table at 0", Join({kEnd, Bytes(0xF0000 - 6), area64}), {Memory, {3, 2}, kEnd}},
+      {"a dump", dump, {Dump, kVersion, kTwoEnds}},
       {"a dump with the table further on",
        Join({EntryPoint32(kVersion, 12, 64), Bytes(33), kTwoEnds, {1}}),
-       {ImageKind::Dump, kVersion, kTwoEnds}},
+       {Dump, kVersion, kTwoEnds}},
       {"the address in memory, and the table at 20h",
        Join({EntryPoint32(kVersion, 99, kElsewhere), {0}, table}),
-       {ImageKind::Dump, kVersion, table}},
+       {Dump, kVersion, table}},
       {"the address in memory, and the table after the entry point",
        Join({EntryPoint32(kVersion, 19, kElsewhere), table}),
-       {ImageKind::Dump, kVersion, table}},
-      {"a 64-bit address, and the table at 20h",
-       Join({EntryPoint64(99, kFarAway), Bytes(8), table}),
-       {ImageKind::Dump, {3, 2}, table}},
-      {"a 64-bit address, and the table after the entry point",
-       Join({EntryPoint64(99, kFarAway), table}),
-       {ImageKind::Dump, {3, 2}, table}},
-      {"a handed-over table",
-       Join({{0, 2, 7, 0, 12, 0, 0, 0}, kTwoEnds}),
-       {ImageKind::Rsmb, {2, 7}, kTwoEnds}},
-      {"a bare table", kTwoEnds, {ImageKind::Raw, {2, 2}, kTwoEnds}},
+       {Dump, kVersion, table}},
+      {"the same, 64-bit", Join({EntryPoint64(99, kFarAway), table}), {Dump, {3, 2}, table}},
+      {"handed over", Join({{0, 2, 7, 0, 12, 0, 0, 0}, kTwoEnds}), {Rsmb, {2, 7}, kTwoEnds}},
+      {"a bare table", kTwoEnds, {Raw, {2, 2}, kTwoEnds}},
   };
   for (const auto& test : cases) {
     const ImageResult result = Read(test.Image);
@@ -95,9 +86,7 @@ TEST(ImageTest, ReadsEachKind) {
         << test.Name;
   }
   // A dump is a raw table as well, of a structure of type '_', if one insists.
-  EXPECT_EQ(Read(Join({EntryPoint32(kVersion, 12, 31), kTwoEnds}), ImageKind::Raw)
-                .Source.Table.Bytes.size(),
-            43);
+  EXPECT_EQ(Read(dump, Raw).Source.Table.Bytes.size(), 43);
 }
 
 TEST(ImageTest, IsPresentedAsFarAsItFits) {
