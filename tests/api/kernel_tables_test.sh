@@ -43,10 +43,7 @@ BIOS Version : 1.07
 BIOS Release Date : 05/14/2002" ] || fail "bios, $kind"
 
   "$kestrel" save "$folder/dump" --force
-  for format in auto dump; do
-    "$kestrel" report --exact --image "$folder/dump" --format $format | cmp - "$folder/report" ||
-      fail "saved dump read as $format, $kind"
-  done
+  "$kestrel" report --exact --image "$folder/dump" | cmp - "$folder/report" || fail "saved dump, $kind"
   tail --bytes=+33 "$folder/dump" | cmp - $tables/DMI || fail "saved table, $kind"
 done
 

@@ -39,8 +39,6 @@ expect 2 "--smbios-version: goes with a raw table only$usage" \
   report --image x --format dump --smbios-version 2.3
 
 : >empty
-printf x >one
-printf 'This is a text.\nIt has no zeros.\n' >text
 printf '\x7F\x05\x00\x00\x00' >cut-in-structure
 printf '\x01\x03\x00\x00\x00\x00' >no-header
 { printf '\x00\x02\x03\x00'; le 4 7; end_of_table; } >longer-than-rsmb
@@ -71,8 +69,6 @@ folder|is no folder with smbios_entry_point and DMI: name one, or a saved image
 fifo|is not a file: name a saved image
 /dev/zero|is not a file: name a saved image
 empty|is empty: save the image again
-one|is no image of a known kind: name a saved image, or its kind with --format
-text|is no image of a known kind: name a saved image, or its kind with --format
 cut-in-structure|is no image of a known kind: name a saved image, or its kind with --format
 no-header|is no image of a known kind: name a saved image, or its kind with --format
 longer-than-rsmb|is no image of a known kind: name a saved image, or its kind with --format
