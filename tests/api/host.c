@@ -27,9 +27,7 @@ static int32_t Write(const char* path, int32_t (*get)(int32_t, char*)) {
 
 int main(int argc, char** argv) {
   EXPECT(argc == 3);
-  EXPECT(CloseSMBios() == 0);
   EXPECT(OpenSMBios() == 1);
-  EXPECT(GetSMType0Obj() == NULL);
   EXPECT(ReadSMObjects() == 1);
   EXPECT(GetSMType0Obj() != NULL);
   EXPECT(GetSMBiosDate(sizeof buffer, buffer) == 11 && strcmp(buffer, " 05/14/2002") == 0);
