@@ -42,48 +42,19 @@ Bytes WithHandle(std::uint8_t handle, Bytes structure) {
 TEST(FaultListTest, FindsNothingWrongWithTheSample) { EXPECT_EQ(FaultsOf(Sample()), ""); }
 
 TEST(FaultListTest, FindsWhatIsWrongWithAnEntryPoint) {
-  // Bytes of the entry point that become more, and fields of it.
+  // Bytes of the entry point that become more.
   const struct {
     std::initializer_list<std::pair<std::size_t, int>> More;
-    void (*Change)(SmbiosTable& table);
     std::string_view Faults;
   } cases[] = {
-      {{{0x04, 1}}, nullptr, "entry point: error: its checksum is wrong: the sum is 01h\r\n"},
-      {{{0x15, 1}, {0x04, -1}},
-       nullptr,
+      {{{0x04, 1}}, "entry point: error: its checksum is wrong: the sum is 01h\r\n"},
+      {{{0x05, -1}, {0x11, 1}, {0x04, 0x23}},
+       "entry point: remark: its length is 1Eh instead of 1Fh\r\n"
+       "entry point: error: its intermediate anchor is not _DMI_\r\n"
        "entry point: error: its intermediate checksum is wrong: the sum is 01h\r\n"},
-      {{{0x11, 1}, {0x12, -1}},
-       nullptr,
-       "entry point: error: its intermediate anchor is not _DMI_\r\n"},
-      {{{0x05, -1}, {0x04, 0x24}},
-       nullptr,
-       "entry point: remark: its length is 1Eh instead of 1Fh\r\n"},
-      {{{0x05, -0x0F}, {0x04, 0x0F}},
-       nullptr,
-       "entry point: error: its length is 10h instead of 1Fh\r\n"},
+      {{{0x05, -0x0F}, {0x04, 0x0F}}, "entry point: error: its length is 10h instead of 1Fh\r\n"},
       {{{0x1E, 1}, {0x15, -1}},
-       nullptr,
        "entry point: remark: its BCD revision is 24h with version 2.3\r\n"},
-      {{},
-       [](SmbiosTable& table) { table.EntryPoint.TableLength = 4000; },
-       "entry point: error: its table length is 4000, but 1625 bytes are there\r\n"},
-      {{},
-       [](SmbiosTable& table) { table.IsElsewhere = true; },
-       "entry point: remark: its table address is 00000020h, but the table is at another place of "
-       "the image\r\n"},
-      {{},
-       [](SmbiosTable& table) { table.EntryPoint.LargestStructure = 7; },
-       "entry point: remark: its size of the largest structure is 7, but 106 are taken\r\n"},
-      {{},
-       [](SmbiosTable& table) { table.EntryPoint.StructureCount = 99; },
-       "entry point: error: its count of structures is 99, but 48 are there\r\n"},
-      {{},
-       [](SmbiosTable& table) { table.EntryPoint.StructureCount = 47; },
-       "entry point: error: its count of structures is 47, but 48 are there\r\n"
-       "0653h: error: 6 bytes follow the last structure\r\n"
-       "0653h: error: there is no End-of-Table\r\n"
-       "0653h: error: the report and the MIF document see a structure of type 127 where none "
-       "is\r\n"},
   };
   for (const auto& test : cases) {
     SmbiosTable table = Sample();
@@ -91,11 +62,29 @@ TEST(FaultListTest, FindsWhatIsWrongWithAnEntryPoint) {
       std::uint8_t& byte = table.EntryPoint.Bytes[offset];
       byte = static_cast<std::uint8_t>(byte + more);
     }
-    if (test.Change != nullptr) {
-      test.Change(table);
-    }
     EXPECT_EQ(FaultsOf(table), test.Faults);
   }
+}
+
+TEST(FaultListTest, FindsWhereTheEntryPointAndTheTableDiffer) {
+  SmbiosTable table = Sample();
+  table.EntryPoint.StructureCount = 47;
+  EXPECT_EQ(FaultsOf(table),
+            "entry point: error: its count of structures is 47, but 48 are there\r\n"
+            "0653h: error: 6 bytes follow the last structure\r\n"
+            "0653h: error: there is no End-of-Table\r\n"
+            "0653h: error: the report and the MIF document see a structure of type 127 where none "
+            "is\r\n");
+  table.EntryPoint.StructureCount = 99;
+  table.EntryPoint.TableLength = 4000;
+  table.EntryPoint.LargestStructure = 7;
+  table.IsElsewhere = true;
+  EXPECT_EQ(FaultsOf(table),
+            "entry point: remark: its table address is 00000020h, but the table is at another "
+            "place of the image\r\n"
+            "entry point: error: its table length is 4000, but 1625 bytes are there\r\n"
+            "entry point: error: its count of structures is 99, but 48 are there\r\n"
+            "entry point: remark: its size of the largest structure is 7, but 106 are taken\r\n");
 }
 
 TEST(FaultListTest, FindsWhatIsWrongWithStructures) {
@@ -108,25 +97,18 @@ TEST(FaultListTest, FindsWhatIsWrongWithStructures) {
       {Join({Structure(16, {3, 3, 3}), kEnd}),
        "0000h, type 16, Physical Memory Array: error: its Length is 07h, in version 2.2 0Fh at "
        "least\r\n"},
-      {Join({Structure(30, {2, 0}, {"A"}), kEnd}),
-       "0000h, type 30, Out-of-Band Remote Access: error: manufacturer_name names string 2 of "
-       "1\r\n"},
       {Join({WithHandle(1, Structure(30, {1, 0})), WithHandle(2, Structure(30, {1, 0}, {"A"})),
              WithHandle(3, Structure(30, {7, 0})), WithHandle(4, Structure(24, {0})), kEnd}),
        "0000h, type 30, Out-of-Band Remote Access, and 1 more: error: manufacturer_name names "
        "string 1 of 0\r\n"},
-      {Join({WithHandle(1, Structure(14, {0, 24, 2, 0, 24, 0xFF, 0xFF, 24, 0xFE, 0xFF})),
+      {Join({WithHandle(1, Structure(14, {0, 24, 2, 0, 24, 0xFF, 0xFF, 24, 0xFE, 0xFF, 24, 3, 0})),
              WithHandle(2, Structure(24, {0})), kEnd}),
-       ""},
-      {Join({WithHandle(1, Structure(14, {0, 24, 3, 0})), WithHandle(2, Structure(24, {0})), kEnd}),
        "0000h, type 14, Group Associations: error: item_handle is 0003h, which no structure "
        "has\r\n"},
       {Join({WithHandle(1, Structure(18, Bytes(19))),
              WithHandle(2, Structure(27, {1, 0, 0, 0, 0, 0, 0, 0})), kEnd}),
        "0019h, type 27, Cooling Device: error: temperature_probe_handle is 0001h, a structure of "
        "type 18 (32-bit Memory Error Information)\r\n"},
-      {Join({WithHandle(7, Structure(24, {0})), WithHandle(7, Structure(200, {})), kEnd}),
-       "0007h: error: its handle is 0007h, as that of the structure at 0000h\r\n"},
       {Join({{24, 5, 0x00, 0xFF, 0, 0, 0}, kEnd}),
        "0000h: remark: its handle is FF00h, of which those from FF00h on are reserved\r\n"},
       {Join({WithHandle(1, Structure(32, Bytes(7))), WithHandle(2, Structure(32, Bytes(7))), kEnd}),
