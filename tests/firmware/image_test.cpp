@@ -111,7 +111,6 @@ TEST(ImageTest, IsPresentedAsFarAsItFits) {
   } cases[] = {
       {"as long as can be", dump(full), kOneBlock, false, false},
       {"a structure more than fits", dump(tooLong), "", true, false},
-      {"the same, handed over", rsmb(tooLong), "", true, false},
       {"the same, as a bare table", tooLong, "", true, false},
       {"zeros up to the bound", dump(PadTo(200000, full)), kOneBlock, false, false},
       {"zeros after a string", rsmb(PadTo(70000, Join({fits, {126, 4, 0, 0, 'a', 'b', 0, 0}}))), "",

@@ -51,11 +51,9 @@ class Machine:
     def ask(self, command, **arguments):
         json.dump({"execute": command, "arguments": arguments}, self.process.stdin)
         self.process.stdin.flush()
-        answer = self.answer()
-        while "return" not in answer:
+        while "return" not in (answer := self.answer()):
             if "error" in answer:
                 raise SystemExit(f"FAILED: {command}: {answer}")
-            answer = self.answer()
 
     def save_memory(self, path, size):
         self.ask("pmemsave", val=0, size=size, filename=path)
