@@ -123,6 +123,7 @@ TEST(JsonDocumentTest, ChoosesTypesAndTellsWhatIsUnknown) {
   ]
 }
 )");
+  EXPECT_THAT(DocumentOf({}, {2, 3}), testing::EndsWith("\n  \"structures\": []\n}\n"));
 }
 
 TEST(JsonDocumentTest, EndsAtTheFirstFieldThatIsCut) {
