@@ -1,5 +1,9 @@
-/* Lets each allocation of the 32-bit Kestrel.dll fail in turn. Runs on Linux, built with -m32:
-   loads the file as Windows 95 would and gives it what it imports. */
+/*
+ * Lets each allocation of the 32-bit Kestrel.dll fail in turn. Runs on Linux, built with -m32:
+ * loads the file as Windows 95 would and gives it what it imports.
+ */
+#define _GNU_SOURCE
+#include <dlfcn.h>
 #include <malloc.h>
 #include <stdint.h>
 #include <stdio.h>
@@ -15,6 +19,8 @@ static const char entryPoint[] =
 static const char table[] =
     "\0\x14\0\0\x01\x02\0\xF0\x03\x07\x08\0\0\0\0\0\0\0\0\0Acme\0A1\0"
     "05/14/2002\0\0\x7F\x04\x01\0\0\0";
+
+static char memory[0x110000];
 
 static int allocations;
 static int failingAllocation;
@@ -35,13 +41,10 @@ static void Free(void* block) {
 }
 
 static int WINDOWS GetVersionEx95(uint32_t* record) {
-  if (record[0] != 148) {
-    return 0;
-  }
   record[1] = 4;
   record[2] = 0;
   record[4] = 1;
-  return 1;
+  return record[0] == 148;
 }
 
 static int WINDOWS CreateDevice(const char* path, uint32_t access, uint32_t share, void* security,
@@ -60,12 +63,7 @@ static int WINDOWS ControlDevice(int device, uint32_t code, const uint32_t* inpu
   if (code == 0x222018) {
     address = *input;
   } else if (code == 0x222040) {
-    memset(output, 0, outputSize);
-    if (address == 0xF0000) {
-      memcpy(output, entryPoint, sizeof(entryPoint));
-    } else if (address == 0x100000 && outputSize < sizeof(table)) {
-      memcpy(output, table, outputSize);
-    }
+    memcpy(output, memory + address, outputSize);
   }
   return 1;
 }
@@ -75,31 +73,15 @@ static int WINDOWS CloseDevice(int device) {
   return 1;
 }
 
-/* There are no service functions, and nobody asks for them. */
-static void WINDOWS Never(void) { abort(); }
-
 static const struct {
   const char* Name;
   void* Function;
-} imports[] = {
-    {"GetVersionExA", GetVersionEx95},
-    {"CreateFileA", CreateDevice},
-    {"DeviceIoControl", ControlDevice},
-    {"CloseHandle", CloseDevice},
-    {"GetModuleFileNameA", Never},
-    {"GetProcAddress", Never},
-    {"LoadLibraryA", Never},
-    {"Sleep", Never},
-    {"abort", abort},
-    {"free", Free},
-    {"malloc", Allocate},
-    {"memchr", memchr},
-    {"memcmp", memcmp},
-    {"memcpy", memcpy},
-    {"memmove", memmove},
-    {"memset", memset},
-    {"strlen", strlen},
-};
+} imports[] = {{"GetVersionExA", GetVersionEx95},
+               {"CreateFileA", CreateDevice},
+               {"DeviceIoControl", ControlDevice},
+               {"CloseHandle", CloseDevice},
+               {"free", Free},
+               {"malloc", Allocate}};
 
 static uint8_t* image;
 
@@ -114,26 +96,21 @@ static uint32_t* Words(uint32_t offset) { return (uint32_t*)(image + offset); }
 
 static uint32_t* Headers(void) { return Words(*Words(0x3C)); }
 
+/* The rest of C is that of this system. There is no more of Windows, and nobody calls it. */
 static void* FindImport(const char* name) {
   for (unsigned index = 0; index < sizeof(imports) / sizeof(*imports); ++index) {
     if (strcmp(imports[index].Name, name) == 0) {
       return imports[index].Function;
     }
   }
-  fprintf(stderr, "there is no %s\n", name);
-  exit(1);
+  return dlsym(RTLD_DEFAULT, name);
 }
 
-static void* FindExport(const char* name) {
+enum { CLOSE = 1, OPEN = 6, READ = 7, TO_MIF = 8, TO_REPORT = 9 };
+
+static void* FindExport(uint32_t ordinal) {
   const uint32_t* directory = Words(Headers()[0x78 / 4]);
-  for (uint32_t index = 0; index < directory[6]; ++index) {
-    if (strcmp((char*)image + Words(directory[8])[index], name) == 0) {
-      const uint16_t ordinal = ((uint16_t*)Words(directory[9]))[index];
-      return image + Words(directory[7])[ordinal];
-    }
-  }
-  fprintf(stderr, "nothing is exported as %s\n", name);
-  exit(1);
+  return image + Words(directory[7])[ordinal - 1];
 }
 
 /* Never where it was linked to, so that every address is moved. */
@@ -153,9 +130,7 @@ static void LoadLibraryFrom(const char* path) {
   memcpy(image, file, headers[0x54 / 4]);
   const uint32_t* section = (uint32_t*)((uint8_t*)headers + 24 + (headers[0x14 / 4] & 0xFFFF));
   for (uint32_t count = headers[0x04 / 4] >> 16; count != 0; --count, section += 10) {
-    if (section[5] != 0) {
-      memcpy(image + section[3], file + section[5], section[4]);
-    }
+    memcpy(image + section[3], file + section[5], section[4]);
   }
   const uint32_t moved = (uint32_t)image - headers[0x34 / 4];
   const uint32_t relocations = headers[0xA0 / 4];
@@ -178,14 +153,16 @@ int main(int argumentCount, char** arguments) {
   Require(argumentCount == 2, "usage: library_test Kestrel.dll", argumentCount);
   /* What is used after it was freed, or before it was set, does not look right by chance. */
   mallopt(M_PERTURB, 0x5A);
+  memcpy(memory + 0xF0000, entryPoint, sizeof(entryPoint));
+  memcpy(memory + 0x100000, table, sizeof(table));
   LoadLibraryFrom(arguments[1]);
   int(WINDOWS * attach)(void*, uint32_t, void*) = (void*)(image + Headers()[0x28 / 4]);
   Require(attach(image, 1, NULL) == 1 && allocations == 0, "the library does not attach", 0);
-  int (*open)(void) = FindExport("OpenSMBios");
-  int (*read)(void) = FindExport("ReadSMObjects");
-  int (*toReport)(int, char*) = FindExport("SMObjsToString");
-  int (*toMif)(int, char*) = FindExport("SMObjsToMifString");
-  int (*close)(void) = FindExport("CloseSMBios");
+  int (*open)(void) = FindExport(OPEN);
+  int (*read)(void) = FindExport(READ);
+  int (*toReport)(int, char*) = FindExport(TO_REPORT);
+  int (*toMif)(int, char*) = FindExport(TO_MIF);
+  int (*close)(void) = FindExport(CLOSE);
   int reportLength = 0;
   int allocationCount = 0;
   for (int failing = 0; failing <= allocationCount; ++failing) {
@@ -206,9 +183,7 @@ int main(int argumentCount, char** arguments) {
       reportLength = length;
     }
     Require(all == (failing == 0), "a failure had no result, or a result no failure", failing);
-    const int reads = reopened ? 0 : wasRead + wasReadAgain;
-    Require(toReport(sizeof(text), text) == reads * reportLength, "not as it was before", failing);
-    Require(read() == 1 && toReport(sizeof(text), text) == (reads + 1) * reportLength,
+    Require(open() == 1 && read() == 1 && toReport(sizeof(text), text) == reportLength,
             "no use afterwards", failing);
     close();
     Require(blocks == 0 && devices == 0, "something is left", failing);
