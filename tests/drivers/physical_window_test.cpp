@@ -10,6 +10,7 @@ extern "C" {
 namespace {
 
 using namespace std::string_view_literals;
+using testing::FieldsAre;
 
 struct Request {
   Unsigned32 Code;
@@ -91,29 +92,19 @@ TEST(PhysicalWindow, GivesTheRangeThatIsNoted) {
     EXPECT_EQ(Send(window, {0x222020, noted.Length, 0, {}}, range), WindowNoted);
     EXPECT_EQ(Send(window, {0x222018, noted.Address, 0, {}}, range), WindowNoted);
     EXPECT_EQ(Send(window, {0x222040, "", noted.Range.Length, {}}, range), WindowCopy);
-    EXPECT_EQ(range.Address, noted.Range.Address);
-    EXPECT_EQ(range.Length, noted.Range.Length);
+    EXPECT_THAT(range, FieldsAre(noted.Range.Address, noted.Range.Length));
   }
 }
 
+PhysicalView View(const PhysicalRange& range, Unsigned32 granularity) {
+  return ViewOfRange(&range, granularity);
+}
+
 TEST(PhysicalWindow, ViewsStartAtTheirGranularity) {
-  const struct {
-    PhysicalRange Range;
-    Unsigned32 Granularity;
-    PhysicalView View;
-  } cases[] = {
-      {{0xF0000, 256}, 0x10000, {0xF0000, 0, 256}},
-      {{0xFFFF0, 256}, 0x10000, {0xF0000, 0xFFF0, 0x100F0}},
-      {{0xFFFFFFFF, 1}, 0x10000, {0xFFFF0000, 0xFFFF, 0x10000}},
-      {{0x8234FFFF, 65535}, 0x1000, {0x8234F000, 0xFFF, 0x10FFE}},
-  };
-  for (const auto& expected : cases) {
-    SCOPED_TRACE(expected.Range.Address);
-    const PhysicalView view = ViewOfRange(&expected.Range, expected.Granularity);
-    EXPECT_EQ(view.Start, expected.View.Start);
-    EXPECT_EQ(view.Skip, expected.View.Skip);
-    EXPECT_EQ(view.Size, expected.View.Size);
-  }
+  EXPECT_THAT(View({0xF0000, 256}, 0x10000), FieldsAre(0xF0000, 0, 256));
+  EXPECT_THAT(View({0xFFFF0, 256}, 0x10000), FieldsAre(0xF0000, 0xFFF0, 0x100F0));
+  EXPECT_THAT(View({0xFFFFFFFF, 1}, 0x10000), FieldsAre(0xFFFF0000, 0xFFFF, 0x10000));
+  EXPECT_THAT(View({0x8234FFFF, 65535}, 0x1000), FieldsAre(0x8234F000, 0xFFF, 0x10FFE));
 }
 
 }  // namespace
