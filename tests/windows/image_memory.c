@@ -18,8 +18,5 @@ NTSTATUS CopyPhysicalMemory(const PhysicalRange* range, void* buffer) {
   LARGE_INTEGER offset = {.QuadPart = range->Address};
   status = ZwReadFile(file, NULL, NULL, NULL, &result, buffer, range->Length, &offset, NULL);
   ZwClose(file);
-  if (NT_SUCCESS(status) && result.Information != range->Length) {
-    return STATUS_END_OF_FILE;
-  }
   return status;
 }

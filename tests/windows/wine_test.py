@@ -104,9 +104,7 @@ def test_killed_host(machine, versions):
 def test_tool(machine):
     machine.expect_tool(["save", r"C:\dump"], 0, "")
     dump = os.path.join(machine.wine.drive, "dump")
-    for command in (["report", "--exact"], ["mif"], ["list"]):
-        of_dump = machine.native(*command, "--image", dump)
-        expect(f"{command} of the dump", of_dump, machine.native(*command, "--sample"))
+    expect("dump", machine.native("list", "--image", dump), machine.native("list", "--sample"))
     machine.expect_tool(["report", "--exact", "-o", r"C:\report"], 0, "")
     expect("report", machine.read("report"), machine.native("report", "--exact", "--sample"))
 
@@ -117,13 +115,13 @@ def test_driver(machine):
         "OpenSMBios 1\ndescriptor valid 1, administrators 1, others 0\nCloseSMBios 1\n",
     )
     os.remove(os.path.join(machine.wine.drive, "memory.img"))
-    machine.expect_host("OpenSMBios ReadSMObjects", "OpenSMBios 1\nReadSMObjects 0\n")
-    machine.expect_host("OpenSMBios CloseSMBios", "OpenSMBios 1\nCloseSMBios 1\n")
+    machine.expect_host(
+        "OpenSMBios ReadSMObjects CloseSMBios", "OpenSMBios 1\nReadSMObjects 0\nCloseSMBios 1\n"
+    )
 
 
 def test_without_driver(machine):
     os.remove(machine.program("Petrel.sys"))
-    machine.expect_host("OpenSMBios service", f"OpenSMBios 0\n{NO_SERVICE}")
     machine.expect_tool(
         ["bios"],
         1,
