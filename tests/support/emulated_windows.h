@@ -5,7 +5,6 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "platform/win32.h"
 
@@ -22,8 +21,6 @@ struct WindowsSetup {
   DWORD ServiceState = 0;
   DWORD MillisecondsToStart = 500;
   DWORD MillisecondsToStop = 500;
-  // Whether a service that is stopped answers with success, besides telling its state.
-  bool StoppedServiceAnswers = true;
 };
 
 // Such a machine under the functions of platform/win32.h, which act on the one that lives. The
@@ -45,9 +42,10 @@ struct EmulatedWindows {
   // same.
   std::optional<std::size_t> FailingCall;
 
-  // What happened: each call, with numbers in hexadecimal and handles numbered as they were opened,
-  // and what is open.
-  std::vector<std::string> Calls;
+  // What happened: a line for each call, with numbers in hexadecimal and handles numbered as they
+  // were opened, and what is open.
+  std::string Calls;
+  std::size_t CallCount = 0;
   std::map<std::uintptr_t, char> OpenHandles;
   std::uintptr_t LastHandle = 0;
   // In milliseconds. It moves when somebody sleeps, and nobody waits for it.
@@ -57,10 +55,6 @@ struct EmulatedWindows {
   DWORD Due = kNever;
   // What the driver has noted.
   DWORD Address = 0;
-  DWORD Length = 0;
-
-  // A line for each call from that one on.
-  std::string CallsFrom(std::size_t first) const;
 };
 
 }  // namespace kestrel
