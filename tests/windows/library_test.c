@@ -2,7 +2,6 @@
  * Lets each allocation of the 32-bit Kestrel.dll fail in turn. Runs on Linux, built with -m32:
  * loads the file as Windows 95 would and gives it what it imports.
  */
-#define _GNU_SOURCE
 #include <dlfcn.h>
 #include <malloc.h>
 #include <stdint.h>
@@ -103,10 +102,10 @@ static void* FindImport(const char* name) {
       return imports[index].Function;
     }
   }
-  return dlsym(RTLD_DEFAULT, name);
+  return dlsym(dlopen(NULL, RTLD_LAZY), name);
 }
 
-enum { CLOSE = 1, OPEN = 6, READ = 7, TO_MIF = 8, TO_REPORT = 9 };
+enum { Close = 1, Open = 6, Read = 7, ToMif = 8, ToReport = 9 };
 
 static void* FindExport(uint32_t ordinal) {
   const uint32_t* directory = Words(Headers()[0x78 / 4]);
@@ -158,11 +157,11 @@ int main(int argumentCount, char** arguments) {
   LoadLibraryFrom(arguments[1]);
   int(WINDOWS * attach)(void*, uint32_t, void*) = (void*)(image + Headers()[0x28 / 4]);
   Require(attach(image, 1, NULL) == 1 && allocations == 0, "the library does not attach", 0);
-  int (*open)(void) = FindExport(OPEN);
-  int (*read)(void) = FindExport(READ);
-  int (*toReport)(int, char*) = FindExport(TO_REPORT);
-  int (*toMif)(int, char*) = FindExport(TO_MIF);
-  int (*close)(void) = FindExport(CLOSE);
+  int (*open)(void) = FindExport(Open);
+  int (*read)(void) = FindExport(Read);
+  int (*toReport)(int, char*) = FindExport(ToReport);
+  int (*toMif)(int, char*) = FindExport(ToMif);
+  int (*close)(void) = FindExport(Close);
   int reportLength = 0;
   int allocationCount = 0;
   for (int failing = 0; failing <= allocationCount; ++failing) {

@@ -7,12 +7,9 @@
 #include "firmware/entry_point.h"
 #include "sample/sample_table.h"
 
-int main(int argumentCount, char** arguments) {
+int main(int /*argumentCount*/, char** arguments) {
   constexpr std::size_t kEntryPointAddress = 0xF5A30;
   constexpr std::uint32_t kTableAddress = 0x123457;
-  if (argumentCount != 2) {
-    return 2;
-  }
   const std::vector<std::uint8_t> table = kestrel::MakeSampleTable();
   const std::vector<std::uint8_t> entryPoint = kestrel::MakeEntryPoint(
       kestrel::kSampleVersion, kTableAddress, static_cast<std::uint16_t>(table.size()),
@@ -22,6 +19,4 @@ int main(int argumentCount, char** arguments) {
   std::copy(table.begin(), table.end(), memory.begin() + kTableAddress);
   std::ofstream file(arguments[1], std::ios::binary);
   file.write(memory.data(), static_cast<std::streamsize>(memory.size()));
-  file.close();
-  return file ? 0 : 1;
 }

@@ -22,7 +22,7 @@ def expect(what, found, wanted):
 
 
 class Machine:
-    """Windows with host programs in a folder, the driver beside them, and the library elsewhere."""
+    """Windows with host programs in a folder, the drivers beside them, and the library elsewhere."""
 
     def __init__(self, wine, files, native_tool):
         self.wine = wine
@@ -31,8 +31,9 @@ class Machine:
         for folder in ("host", "library"):
             os.mkdir(os.path.join(wine.drive, folder))
         self.put("library", "Kestrel.dll")
-        for program in ("host.exe", "kestrel.exe", "sample_memory.exe"):
+        for program in ("host.exe", "kestrel.exe", "sample_memory.exe", "Petrel.sys"):
             self.put("host", program)
+        self.put("host", "PetrelNt.sys", "Petrel.sys")
         # The image that the driver reads.
         expect("image", wine.run(self.program("sample_memory.exe"), r"C:\memory.img"), (0, "", ""))
 
@@ -43,14 +44,6 @@ class Machine:
     def read(self, name):
         with open(os.path.join(self.wine.drive, name), "rb") as file:
             return file.read()
-
-    def be(self, version):
-        """From now on Windows is this version, and beside the hosts lies its driver alone."""
-        self.wine.report_version(version)
-        for driver in ("Petrel.sys", "PetrelNt.sys"):
-            if os.path.exists(self.program(driver)):
-                os.remove(self.program(driver))
-        self.put("host", "PetrelNt.sys" if version == "nt40" else "Petrel.sys", "Petrel.sys")
 
     def program(self, name):
         """By this name Wine becomes the program, instead of starting it."""
@@ -138,11 +131,11 @@ def main():
         machine = Machine(wine, files, native_tool)
         without_services = [version for version in versions if version.startswith("win9")]
         for version in versions[: len(versions) - len(without_services)]:
-            machine.be(version)
+            wine.report_version(version)
             machine.expect_round()
-        machine.be(versions[0])
+        wine.report_version(versions[0])
         test_killed_host(machine, without_services)
-        machine.be(versions[0])
+        wine.report_version(versions[0])
         machine.expect_round()
         test_tool(machine)
         test_driver(machine)
