@@ -72,28 +72,24 @@ TEST(PhysicalWindow, RefusesWhatItDoesNotAllow) {
   }
 }
 
+// What a copy takes after a length and an address are noted: they may come in any order.
+PhysicalRange RangeOf(std::string_view length, std::string_view address, Unsigned32 outputLength) {
+  static PhysicalWindow window;
+  PhysicalRange range{};
+  EXPECT_EQ(Send(window, {0x222020, length, 0, {}}, range), WindowNoted);
+  EXPECT_EQ(Send(window, {0x222018, address, 0, {}}, range), WindowNoted);
+  EXPECT_EQ(Send(window, {0x222040, "", outputLength, {}}, range), WindowCopy);
+  return range;
+}
+
 TEST(PhysicalWindow, GivesTheRangeThatIsNoted) {
-  const struct {
-    std::string_view Address;
-    std::string_view Length;
-    PhysicalRange Range;
-  } cases[] = {
-      {"\x00\x00\x00\x00"sv, "\x01\x00\x00\x00"sv, {0, 1}},
-      {"\x00\x00\x0F\x00"sv, "\x00\x01\x00\x00"sv, {0xF0000, 256}},
-      {"\x78\x56\x34\x82"sv, "\xFF\xFF\x00\x00"sv, {0x82345678, 65535}},
-      {"\x01\x00\xFF\xFF"sv, "\xFF\xFF\x00\x00"sv, {0xFFFF0001, 65535}},
-      {"\xFF\xFF\xFF\xFF"sv, "\x01\x00\x00\x00"sv, {0xFFFFFFFF, 1}},
-  };
-  PhysicalWindow window{};
-  for (const auto& noted : cases) {
-    SCOPED_TRACE(noted.Range.Address);
-    PhysicalRange range{};
-    // The address and the length come in any order.
-    EXPECT_EQ(Send(window, {0x222020, noted.Length, 0, {}}, range), WindowNoted);
-    EXPECT_EQ(Send(window, {0x222018, noted.Address, 0, {}}, range), WindowNoted);
-    EXPECT_EQ(Send(window, {0x222040, "", noted.Range.Length, {}}, range), WindowCopy);
-    EXPECT_THAT(range, FieldsAre(noted.Range.Address, noted.Range.Length));
-  }
+  constexpr auto kOne = "\x01\x00\x00\x00"sv;
+  constexpr auto kMost = "\xFF\xFF\x00\x00"sv;
+  EXPECT_THAT(RangeOf(kOne, "\x00\x00\x00\x00"sv, 1), FieldsAre(0, 1));
+  EXPECT_THAT(RangeOf("\x00\x01\x00\x00"sv, "\x00\x00\x0F\x00"sv, 256), FieldsAre(0xF0000, 256));
+  EXPECT_THAT(RangeOf(kMost, "\x78\x56\x34\x82"sv, 65535), FieldsAre(0x82345678, 65535));
+  EXPECT_THAT(RangeOf(kMost, "\x01\x00\xFF\xFF"sv, 65535), FieldsAre(0xFFFF0001, 65535));
+  EXPECT_THAT(RangeOf(kOne, "\xFF\xFF\xFF\xFF"sv, 1), FieldsAre(0xFFFFFFFF, 1));
 }
 
 PhysicalView View(const PhysicalRange& range, Unsigned32 granularity) {

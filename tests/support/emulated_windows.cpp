@@ -14,19 +14,13 @@ EmulatedWindows* machine = nullptr;
 constexpr DWORD kStartPending = 2;
 constexpr DWORD kStopPending = 3;
 
-// Kinds of handles.
-constexpr char kManager = 'm';
+// Kinds of handles; the manager of services is one of them.
 constexpr char kService = 's';
 constexpr char kDevice = 'd';
 
 std::string Text(std::uintptr_t number) { return std::string(kestrel::Hex(number, 1)); }
 std::string Text(const void* handle) { return Text(reinterpret_cast<std::uintptr_t>(handle)); }
-std::string Text(const char* text) {
-  std::string quoted;
-  kestrel::Append(quoted,
-                  text != nullptr ? kestrel::Pieces{"\"", text, "\""} : kestrel::Pieces{"0"});
-  return quoted;
-}
+std::string Text(const char* text) { return text != nullptr ? '"' + std::string(text) + '"' : "0"; }
 
 // Records a call. False when it is the one that fails.
 template <typename... Arguments>
@@ -46,20 +40,16 @@ Handle Open(char kind) {
 
 // Whether a handle is open, as it should be, and of that kind.
 bool IsOpen(const void* handle, char kind) {
-  const auto found = machine->OpenHandles.find(reinterpret_cast<std::uintptr_t>(handle));
-  const bool isOpen = found != machine->OpenHandles.end() && found->second == kind;
+  const bool isOpen =
+      machine->OpenHandles.contains({reinterpret_cast<std::uintptr_t>(handle), kind});
   EXPECT_TRUE(isOpen) << machine->Calls;
   return isOpen;
 }
 
-BOOL Close(const void* handle, bool isDevice, bool succeeds) {
-  const auto found = machine->OpenHandles.find(reinterpret_cast<std::uintptr_t>(handle));
-  if (found == machine->OpenHandles.end() || (found->second == kDevice) != isDevice) {
-    ADD_FAILURE() << machine->Calls;
-    return FALSE;
-  }
-  machine->OpenHandles.erase(found);
-  return succeeds;
+BOOL Close(const void* handle, char kind, bool succeeds) {
+  const bool wasOpen = IsOpen(handle, kind);
+  machine->OpenHandles.erase({reinterpret_cast<std::uintptr_t>(handle), kind});
+  return wasOpen && succeeds;
 }
 
 // The state of the service as of now, or 0.
@@ -143,7 +133,7 @@ BOOL DeviceIoControl(HANDLE device, DWORD code, LPVOID input, DWORD inputSize, L
   return TRUE;
 }
 
-BOOL CloseHandle(HANDLE handle) { return Close(handle, true, Begin("CloseHandle", handle)); }
+BOOL CloseHandle(HANDLE handle) { return Close(handle, kDevice, Begin("CloseHandle", handle)); }
 
 void Sleep(DWORD milliseconds) {
   Begin("Sleep", milliseconds);
@@ -151,13 +141,13 @@ void Sleep(DWORD milliseconds) {
 }
 
 SC_HANDLE OpenSCManagerA(LPCSTR machineName, LPCSTR database, DWORD access) {
-  return Begin("OpenSCManagerA", machineName, database, access) ? Open<SC_HANDLE>(kManager)
+  return Begin("OpenSCManagerA", machineName, database, access) ? Open<SC_HANDLE>(kService)
                                                                 : nullptr;
 }
 
 SC_HANDLE OpenServiceA(SC_HANDLE manager, LPCSTR name, DWORD access) {
   const bool succeeds = Begin("OpenServiceA", manager, name, access);
-  return IsOpen(manager, kManager) && succeeds && ServiceState() != 0 ? Open<SC_HANDLE>(kService)
+  return IsOpen(manager, kService) && succeeds && ServiceState() != 0 ? Open<SC_HANDLE>(kService)
                                                                       : nullptr;
 }
 
@@ -167,7 +157,7 @@ SC_HANDLE CreateServiceA(SC_HANDLE manager, LPCSTR name, LPCSTR displayName, DWO
                          LPCSTR password) {
   if (!Begin("CreateServiceA", manager, name, displayName, access, type, startType, errorControl,
              binaryPath, loadOrderGroup, tag, dependencies, account, password) ||
-      !IsOpen(manager, kManager) || ServiceState() != 0) {
+      !IsOpen(manager, kService) || ServiceState() != 0) {
     return nullptr;
   }
   machine->BinaryPath = binaryPath;
@@ -209,5 +199,5 @@ BOOL DeleteService(SC_HANDLE service) {
 }
 
 BOOL CloseServiceHandle(SC_HANDLE handle) {
-  return Close(handle, false, Begin("CloseServiceHandle", handle));
+  return Close(handle, kService, Begin("CloseServiceHandle", handle));
 }

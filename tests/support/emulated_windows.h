@@ -2,9 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <optional>
+#include <set>
 #include <string>
+#include <utility>
 
 #include "platform/win32.h"
 
@@ -46,7 +47,7 @@ struct EmulatedWindows {
   // were opened, and what is open.
   std::string Calls;
   std::size_t CallCount = 0;
-  std::map<std::uintptr_t, char> OpenHandles;
+  std::set<std::pair<std::uintptr_t, char>> OpenHandles;
   std::uintptr_t LastHandle = 0;
   // In milliseconds. It moves when somebody sleeps, and nobody waits for it.
   DWORD Clock = 0;
