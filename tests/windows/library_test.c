@@ -38,23 +38,22 @@ static void Free(void* block) {
   free(block);
 }
 
-static int WINDOWS GetVersionEx95(uint32_t* record) {
+int WINDOWS GetVersionExA(uint32_t* record) {
   record[1] = 4;
   record[2] = 0;
   record[4] = 1;
   return record[0] == 148;
 }
 
-static int WINDOWS CreateDevice(const char* path, uint32_t access, uint32_t share, void* security,
-                                uint32_t disposition, uint32_t flags, void* model) {
+int WINDOWS CreateFileA(const char* path, uint32_t access, uint32_t share, void* security,
+                        uint32_t disposition, uint32_t flags, void* model) {
   (void)path, (void)access, (void)share, (void)security, (void)disposition, (void)flags,
       (void)model;
   return 7;
 }
 
-static int WINDOWS ControlDevice(int device, uint32_t code, const uint32_t* input,
-                                 uint32_t inputSize, void* output, uint32_t outputSize,
-                                 uint32_t* count, void* overlap) {
+int WINDOWS DeviceIoControl(int device, uint32_t code, const uint32_t* input, uint32_t inputSize,
+                            void* output, uint32_t outputSize, uint32_t* count, void* overlap) {
   static uint32_t address;
   (void)device, (void)inputSize, (void)overlap;
   *count = outputSize;
@@ -66,20 +65,10 @@ static int WINDOWS ControlDevice(int device, uint32_t code, const uint32_t* inpu
   return 1;
 }
 
-static int WINDOWS CloseDevice(int device) {
+int WINDOWS CloseHandle(int device) {
   (void)device;
   return 1;
 }
-
-static const struct {
-  const char* Name;
-  void* Function;
-} imports[] = {{"GetVersionExA", GetVersionEx95},
-               {"CreateFileA", CreateDevice},
-               {"DeviceIoControl", ControlDevice},
-               {"CloseHandle", CloseDevice},
-               {"free", Free},
-               {"malloc", Allocate}};
 
 static uint8_t* image;
 
@@ -94,14 +83,11 @@ static uint32_t* Words(uint32_t offset) { return (uint32_t*)(image + offset); }
 
 static uint32_t* Headers(void) { return Words(*Words(0x3C)); }
 
-/* The rest of C is that of this system. There is no more of Windows, and nobody calls it. */
+/* A function of this program, or of this system's C. There is no more of Windows, and nobody calls
+   it. */
 static void* FindImport(const char* name) {
-  for (unsigned index = 0; index < sizeof(imports) / sizeof(*imports); ++index) {
-    if (strcmp(imports[index].Name, name) == 0) {
-      return imports[index].Function;
-    }
-  }
-  return dlsym(dlopen(NULL, RTLD_LAZY), name);
+  void* function = dlsym(dlopen(NULL, RTLD_LAZY), name);
+  return function == malloc ? Allocate : function == free ? Free : function;
 }
 
 enum { Close = 1, Open = 6, Read = 7, ToMif = 8, ToReport = 9 };
