@@ -105,7 +105,7 @@ def test_tool(machine):
 def test_driver(machine):
     machine.expect_host(
         "OpenSMBios descriptor device CloseSMBios",
-        "OpenSMBios 1\ndescriptor valid 1, administrators 1, others 0\nCloseSMBios 1\n",
+        "OpenSMBios 1\ndescriptor valid 1, O:BAG:BAD:(A;;FA;;;BA)\nCloseSMBios 1\n",
     )
     os.remove(os.path.join(machine.wine.drive, "memory.img"))
     machine.expect_host(
