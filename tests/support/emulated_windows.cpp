@@ -93,12 +93,8 @@ DWORD GetModuleFileNameA(HMODULE module, LPSTR path, DWORD size) {
   if (!Begin("GetModuleFileNameA", module, size)) {
     return 0;
   }
-  // A path that does not fit is cut, without a terminating zero.
-  const std::size_t length = machine->ModulePath.copy(path, size);
-  if (length < size) {
-    path[length] = '\0';
-  }
-  return static_cast<DWORD>(length);
+  // A path that does not fit is cut. No path gets a terminating zero here: its length is enough.
+  return static_cast<DWORD>(machine->ModulePath.copy(path, size));
 }
 
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPVOID security, DWORD disposition,
@@ -106,9 +102,7 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPVOID security, DWOR
   const bool succeeds =
       Begin("CreateFileA", path, access, share, security, disposition, flags, templateFile);
   const bool isThere =
-      machine->Setup.PlatformId == VER_PLATFORM_WIN32_WINDOWS
-          ? std::string(path) == R"(\\.\SKUA.VXD)"
-          : std::string(path) == R"(\\.\Petrel)" && ServiceState() == SERVICE_RUNNING;
+      machine->Setup.PlatformId == VER_PLATFORM_WIN32_WINDOWS || ServiceState() == SERVICE_RUNNING;
   return succeeds && isThere ? Open<HANDLE>(kDevice) : INVALID_HANDLE_VALUE;
 }
 
