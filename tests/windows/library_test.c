@@ -47,15 +47,12 @@ int WINDOWS GetVersionExA(uint32_t* record) {
 
 int WINDOWS CreateFileA(const char* path, uint32_t access, uint32_t share, void* security,
                         uint32_t disposition, uint32_t flags, void* model) {
-  (void)path, (void)access, (void)share, (void)security, (void)disposition, (void)flags,
-      (void)model;
   return 7;
 }
 
 int WINDOWS DeviceIoControl(int device, uint32_t code, const uint32_t* input, uint32_t inputSize,
                             void* output, uint32_t outputSize, uint32_t* count, void* overlap) {
   static uint32_t address;
-  (void)device, (void)inputSize, (void)overlap;
   *count = outputSize;
   if (code == 0x222018) {
     address = *input;
@@ -65,10 +62,7 @@ int WINDOWS DeviceIoControl(int device, uint32_t code, const uint32_t* input, ui
   return 1;
 }
 
-int WINDOWS CloseHandle(int device) {
-  (void)device;
-  return 1;
-}
+int WINDOWS CloseHandle(int device) { return 1; }
 
 static uint8_t* image;
 
@@ -134,7 +128,6 @@ static void LoadLibraryFrom(const char* path) {
 }
 
 int main(int argumentCount, char** arguments) {
-  (void)argumentCount;
   /* What is used after it was freed, or before it was set, does not look right by chance. */
   mallopt(M_PERTURB, 0x5A);
   memcpy(memory + 0xF0000, entryPoint, sizeof(entryPoint));
