@@ -2,10 +2,10 @@
 """Runs the linter on every C++ source that a build folder compiles; the folder is the argument.
 
 The linter spends nearly all its time on the headers that a source includes. So sources that are
-compiled alike are put together into units, as far as their names do not clash; messages name the
-source nevertheless. The sources of a unit that cannot be compiled are checked one by one.
+compiled alike are put together into units, as far as their names do not clash. The sources of a unit
+in which the linter finds anything are checked one by one, and only what it finds then is a fault:
+names of one source may seem to shadow those of another.
 """
-import bisect
 import concurrent.futures
 import json
 import os
@@ -30,7 +30,6 @@ class Unit:
     def __init__(self):
         self.names = set()
         self.sources = []
-        self.starts = []
         self.text = ""
         self.path = None
 
@@ -40,15 +39,7 @@ class Unit:
     def add(self, source, text, names):
         self.names |= names
         self.sources.append(source)
-        self.starts.append(self.text.count("\n"))
         self.text += text + "\n"
-
-    def in_sources(self, messages):
-        def line_in_source(match):
-            line = int(match[1])
-            index = bisect.bisect_left(self.starts, line) - 1
-            return f"{self.sources[index]}:{line - self.starts[index]}"
-        return re.sub(re.escape(str(self.path)) + r":(\d+)", line_in_source, messages)
 
 
 def config_folder(source):
@@ -99,13 +90,11 @@ def lint(database, path):
 
 def check(build, folder, unit):
     """Returns what is wrong with the unit's sources."""
-    run = lint(folder, unit.path)
-    if "[clang-diagnostic-error" in run.stdout:
-        runs = [lint(build, source) for source in unit.sources]
-    else:
-        runs = [run]
+    if lint(folder, unit.path).returncode == 0:
+        return ""
+    runs = [lint(build, source) for source in unit.sources]
     # Whatever else the linter says, it fails by its exit code; it may crash without a word.
-    return "".join(unit.in_sources(run.stdout) or f"The linter ended with {run.returncode}\n"
+    return "".join(run.stdout or f"The linter ended with {run.returncode}\n"
                    for run in runs if run.returncode != 0)
 
 

@@ -10,15 +10,15 @@ long allocationsLeft = -1;
 }  // namespace kestrel
 
 void* operator new(std::size_t size) {
-  void* memory = kestrel::allocationsLeft == 0 ? nullptr : std::malloc(size);
-  if (memory == nullptr) {
+  void* block = kestrel::allocationsLeft == 0 ? nullptr : std::malloc(size);
+  if (block == nullptr) {
     throw std::bad_alloc();
   }
   if (kestrel::allocationsLeft > 0) {
     --kestrel::allocationsLeft;
   }
-  return memory;
+  return block;
 }
 
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
+void operator delete(void* block) noexcept { std::free(block); }
+void operator delete(void* block, std::size_t /*size*/) noexcept { std::free(block); }
