@@ -366,7 +366,7 @@ constexpr Field kOnboardDevicesExtendedInformation[] = {
 };
 constexpr LeastLength kOnboardDevicesExtendedInformationLengths[] = {{2, 6, 0x0B}};
 
-constexpr StructureType kTypes[] = {
+constexpr StructureType kConnectorTypeList[] = {
     {8, "Port Connector Information", kPortConnectorInformation, kPortConnectorInformationLengths},
     {9, "System Slots", kSystemSlots, kSystemSlotsLengths},
     {10, "On Board Devices Information", kOnBoardDevicesInformation,
@@ -375,10 +375,10 @@ constexpr StructureType kTypes[] = {
     {41, "Onboard Devices Extended Information", kOnboardDevicesExtendedInformation,
      kOnboardDevicesExtendedInformationLengths},
 };
-static_assert(AreWellFormed(kTypes));
+static_assert(AreWellFormed(kConnectorTypeList));
 
 }  // namespace
 
-constinit const std::span<const StructureType> kConnectorTypes = kTypes;
+constinit const std::span<const StructureType> kConnectorTypes = kConnectorTypeList;
 
 }  // namespace kestrel::catalog

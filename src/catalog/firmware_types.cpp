@@ -209,7 +209,7 @@ constexpr Code kBootStatuses[] = {
 constexpr Field kSystemBootInformation[] = {
     Reserved(0x04, 6),
     CodeOf(0x0A, 1, "boot_status", kBootStatuses),
-    Bytes(0x0B, kRest, "boot_status_data"),
+    Binary(0x0B, kRest, "boot_status_data"),
 };
 constexpr LeastLength kSystemBootInformationLengths[] = {{2, 3, 0x0B}};
 
@@ -218,7 +218,7 @@ constexpr LeastLength kSystemBootInformationLengths[] = {{2, 3, 0x0B}};
 constexpr Field kAdditionalInformationEntry[] = {
     Number(0x00, 1, "entry_length"),      Handle(0x01, "referenced_handle"),
     Number(0x03, 1, "referenced_offset"), String(0x04, "string"),
-    Bytes(0x05, kRest, "value"),
+    Binary(0x05, kRest, "value"),
 };
 constexpr List kAdditionalInformationEntries = {.SizeRule = List::Size::FirstByte,
                                                 .Fields = kAdditionalInformationEntry};
@@ -290,7 +290,7 @@ constexpr Field kStringProperty[] = {
 };
 constexpr LeastLength kStringPropertyLengths[] = {{3, 5, 0x09}};
 
-constexpr StructureType kTypes[] = {
+constexpr StructureType kFirmwareTypeList[] = {
     {0, "BIOS Information", kBiosInformation, kBiosInformationLengths, true},
     {13, "BIOS Language Information", kBiosLanguageInformation, kBiosLanguageInformationLengths},
     {15, "System Event Log", kSystemEventLog, kSystemEventLogLengths},
@@ -304,10 +304,10 @@ constexpr StructureType kTypes[] = {
     {126, "Inactive", {}, {}},
     {127, "End-of-Table", {}, {}},
 };
-static_assert(AreWellFormed(kTypes));
+static_assert(AreWellFormed(kFirmwareTypeList));
 
 }  // namespace
 
-constinit const std::span<const StructureType> kFirmwareTypes = kTypes;
+constinit const std::span<const StructureType> kFirmwareTypes = kFirmwareTypeList;
 
 }  // namespace kestrel::catalog

@@ -167,7 +167,7 @@ constexpr Field kTpmDevice[] = {
 };
 constexpr LeastLength kTpmDeviceLengths[] = {{3, 1, 0x1F}};
 
-constexpr StructureType kTypes[] = {
+constexpr StructureType kManagementTypeList[] = {
     {34, "Management Device", kManagementDevice, kManagementDeviceLengths},
     {35, "Management Device Component", kManagementDeviceComponent,
      kManagementDeviceComponentLengths},
@@ -178,10 +178,10 @@ constexpr StructureType kTypes[] = {
      kManagementControllerHostInterfaceLengths},
     {43, "TPM Device", kTpmDevice, kTpmDeviceLengths},
 };
-static_assert(AreWellFormed(kTypes));
+static_assert(AreWellFormed(kManagementTypeList));
 
 }  // namespace
 
-constinit const std::span<const StructureType> kManagementTypes = kTypes;
+constinit const std::span<const StructureType> kManagementTypes = kManagementTypeList;
 
 }  // namespace kestrel::catalog

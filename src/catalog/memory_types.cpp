@@ -90,7 +90,7 @@ constexpr Bit kModuleErrors[] = {
     {2, "Error status is to be obtained from the event log"},
 };
 
-constexpr Derivation kCurrentSpeed = {
+constexpr Derivation kModuleCurrentSpeed = {
     .How = Formula::Scaled, .First = 0x06, .FirstWidth = 1, .Unknown = 0, .HasUnknown = true};
 constexpr Derivation kInstalledSize = {
     .How = Formula::MemoryModuleSize, .First = 0x09, .FirstWidth = 1};
@@ -101,7 +101,7 @@ constexpr Field kMemoryModuleInformation[] = {
     String(0x04, "socket_designation"),
     PartsOf(0x05, 1, "bank_connections", kBankConnections),
     Number(0x06, 1, "current_speed"),
-    DerivedAs("current_speed_nanoseconds", kCurrentSpeed),
+    DerivedAs("current_speed_nanoseconds", kModuleCurrentSpeed),
     BitsOf(0x07, 2, "current_memory_type", kModuleTypes),
     PartsOf(0x09, 1, "installed_size", kModuleSize),
     DerivedAs("installed_size_bytes", kInstalledSize),
@@ -408,14 +408,15 @@ constexpr LeastLength kMemoryError64BitLengths[] = {{2, 3, 0x1F}};
 
 // Memory Array Mapped Address and Memory Device Mapped Address (Types 19 and 20)
 
-constexpr Derivation RangeEdge(Formula formula, std::uint8_t offset, std::uint8_t extendedOffset) {
+constexpr Derivation RangeEdgeAt(Formula formula, std::uint8_t offset,
+                                 std::uint8_t extendedOffset) {
   return {
       .How = formula, .First = offset, .Second = extendedOffset, .FirstWidth = 4, .SecondWidth = 8};
 }
-constexpr Derivation kArrayStart = RangeEdge(Formula::RangeStart, 0x04, 0x0F);
-constexpr Derivation kArrayEnd = RangeEdge(Formula::RangeEnd, 0x08, 0x17);
-constexpr Derivation kDeviceStart = RangeEdge(Formula::RangeStart, 0x04, 0x13);
-constexpr Derivation kDeviceEnd = RangeEdge(Formula::RangeEnd, 0x08, 0x1B);
+constexpr Derivation kArrayStart = RangeEdgeAt(Formula::RangeStart, 0x04, 0x0F);
+constexpr Derivation kArrayEnd = RangeEdgeAt(Formula::RangeEnd, 0x08, 0x17);
+constexpr Derivation kDeviceStart = RangeEdgeAt(Formula::RangeStart, 0x04, 0x13);
+constexpr Derivation kDeviceEnd = RangeEdgeAt(Formula::RangeEnd, 0x08, 0x1B);
 
 constexpr Field kMemoryArrayMappedAddress[] = {
     Number(0x04, 4, "starting_address"),
@@ -467,7 +468,7 @@ constexpr Field kMemoryChannel[] = {
 };
 constexpr LeastLength kMemoryChannelLengths[] = {{2, 3, 0x07}};
 
-constexpr StructureType kTypes[] = {
+constexpr StructureType kMemoryTypeList[] = {
     {5, "Memory Controller Information", kMemoryControllerInformation,
      kMemoryControllerInformationLengths},
     {6, "Memory Module Information", kMemoryModuleInformation, kMemoryModuleInformationLengths},
@@ -481,10 +482,10 @@ constexpr StructureType kTypes[] = {
     {33, "64-bit Memory Error Information", kMemoryError64Bit, kMemoryError64BitLengths},
     {37, "Memory Channel", kMemoryChannel, kMemoryChannelLengths},
 };
-static_assert(AreWellFormed(kTypes));
+static_assert(AreWellFormed(kMemoryTypeList));
 
 }  // namespace
 
-constinit const std::span<const StructureType> kMemoryTypes = kTypes;
+constinit const std::span<const StructureType> kMemoryTypes = kMemoryTypeList;
 
 }  // namespace kestrel::catalog

@@ -273,7 +273,7 @@ constexpr Field kSystemPowerSupply[] = {
 };
 constexpr LeastLength kSystemPowerSupplyLengths[] = {{2, 3, 0x10}};
 
-constexpr StructureType kTypes[] = {
+constexpr StructureType kPowerTypeList[] = {
     {22, "Portable Battery", kPortableBattery, kPortableBatteryLengths},
     {25, "System Power Controls", kSystemPowerControls, kSystemPowerControlsLengths},
     {26, "Voltage Probe", kVoltageProbe, kProbeLengths},
@@ -282,10 +282,10 @@ constexpr StructureType kTypes[] = {
     {29, "Electrical Current Probe", kCurrentProbe, kProbeLengths},
     {39, "System Power Supply", kSystemPowerSupply, kSystemPowerSupplyLengths},
 };
-static_assert(AreWellFormed(kTypes));
+static_assert(AreWellFormed(kPowerTypeList));
 
 }  // namespace
 
-constinit const std::span<const StructureType> kPowerTypes = kTypes;
+constinit const std::span<const StructureType> kPowerTypes = kPowerTypeList;
 
 }  // namespace kestrel::catalog

@@ -379,7 +379,7 @@ constexpr Derivation MegahertzAt(std::uint8_t offset) {
 }
 constexpr Derivation kExternalClock = MegahertzAt(0x12);
 constexpr Derivation kMaxSpeed = MegahertzAt(0x14);
-constexpr Derivation kCurrentSpeed = MegahertzAt(0x16);
+constexpr Derivation kProcessorCurrentSpeed = MegahertzAt(0x16);
 
 // A count of which FFh says that a later field has it, and 0 that it is not known.
 constexpr Derivation CountAt(std::uint8_t offset, std::uint8_t extendedOffset) {
@@ -401,7 +401,7 @@ constexpr Field kProcessorInformation[] = {
     CodeOf(0x05, 1, "processor_type", kProcessorTypeCodes),
     CodeOf(0x06, 1, "processor_family", kProcessorFamilies),
     String(0x07, "processor_manufacturer"),
-    Bytes(0x08, 8, "processor_id"),
+    Binary(0x08, 8, "processor_id"),
     String(0x10, "processor_version"),
     Number(0x11, 1, "voltage"),
     DerivedAs("voltage_millivolts", kProcessorVoltage),
@@ -410,7 +410,7 @@ constexpr Field kProcessorInformation[] = {
     Number(0x14, 2, "max_speed"),
     DerivedAs("max_speed_hertz", kMaxSpeed),
     Number(0x16, 2, "current_speed"),
-    DerivedAs("current_speed_hertz", kCurrentSpeed),
+    DerivedAs("current_speed_hertz", kProcessorCurrentSpeed),
     PartsOf(0x18, 1, "status", kProcessorStatus),
     CodeOf(0x19, 1, "processor_upgrade", kProcessorUpgrades),
     Handle(0x1A, "l1_cache_handle", kCaches),
@@ -543,16 +543,16 @@ constexpr Field kProcessorAdditionalInformation[] = {
 };
 constexpr LeastLength kProcessorAdditionalInformationLengths[] = {{3, 3, 0x08}};
 
-constexpr StructureType kTypes[] = {
+constexpr StructureType kProcessorTypeList[] = {
     {4, "Processor Information", kProcessorInformation, kProcessorInformationLengths},
     {7, "Cache Information", kCacheInformation, kCacheInformationLengths},
     {44, "Processor Additional Information", kProcessorAdditionalInformation,
      kProcessorAdditionalInformationLengths},
 };
-static_assert(AreWellFormed(kTypes));
+static_assert(AreWellFormed(kProcessorTypeList));
 
 }  // namespace
 
-constinit const std::span<const StructureType> kProcessorTypes = kTypes;
+constinit const std::span<const StructureType> kProcessorTypes = kProcessorTypeList;
 
 }  // namespace kestrel::catalog

@@ -198,7 +198,7 @@ constexpr Field Characters(std::uint8_t offset, std::uint8_t width, std::string_
   return {offset, width, key, Kind::Characters};
 }
 // `width` bytes, or with kRest all that are left.
-constexpr Field Bytes(std::uint8_t offset, std::uint8_t width, std::string_view key) {
+constexpr Field Binary(std::uint8_t offset, std::uint8_t width, std::string_view key) {
   return {offset, width, key, Kind::Bytes};
 }
 // As many bytes as the byte at `lengthOffset` tells.

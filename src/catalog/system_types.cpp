@@ -258,7 +258,7 @@ constexpr Field kOutOfBandRemoteAccess[] = {
 };
 constexpr LeastLength kOutOfBandRemoteAccessLengths[] = {{2, 2, 0x06}};
 
-constexpr StructureType kTypes[] = {
+constexpr StructureType kSystemTypeList[] = {
     {1, "System Information", kSystemInformation, kSystemInformationLengths, true},
     {2, "Base Board Information", kBaseBoardInformation, kBaseBoardInformationLengths},
     {3, "System Enclosure or Chassis", kSystemEnclosure, kSystemEnclosureLengths},
@@ -269,10 +269,10 @@ constexpr StructureType kTypes[] = {
     {24, "Hardware Security", kHardwareSecurity, kHardwareSecurityLengths},
     {30, "Out-of-Band Remote Access", kOutOfBandRemoteAccess, kOutOfBandRemoteAccessLengths},
 };
-static_assert(AreWellFormed(kTypes));
+static_assert(AreWellFormed(kSystemTypeList));
 
 }  // namespace
 
-constinit const std::span<const StructureType> kSystemTypes = kTypes;
+constinit const std::span<const StructureType> kSystemTypes = kSystemTypeList;
 
 }  // namespace kestrel::catalog

@@ -16,8 +16,6 @@ namespace kestrel::catalog {
 
 namespace {
 
-constexpr std::uint8_t kEndOfTable = 127;
-
 // Handles from here on are kept for other uses, of which two stand in fields that name nothing.
 constexpr std::uint16_t kFirstReservedHandle = 0xFF00;
 constexpr std::uint16_t kNoErrorInformation = 0xFFFE;

@@ -8,8 +8,6 @@ namespace kestrel::catalog {
 
 namespace {
 
-constexpr std::uint8_t kEndOfTable = 127;
-
 constexpr std::size_t kUsualStructureSize = 32;
 
 bool IsZero(std::uint8_t byte) { return byte == 0; }

@@ -13,6 +13,10 @@ namespace kestrel::catalog {
 // Type, length and handle, which every structure has.
 inline constexpr std::uint8_t kHeaderLength = 4;
 
+// The types that other code than their fields' looks for.
+inline constexpr std::uint8_t kBiosInformation = 0;
+inline constexpr std::uint8_t kEndOfTable = 127;
+
 // A structure of a table. Its views live as long as the bytes of the table.
 struct Structure {
   // From the start of the table.

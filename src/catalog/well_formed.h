@@ -14,7 +14,7 @@
 
 // Faults of the data that would show as wrong output, found when a table of types is compiled:
 //
-//     static_assert(AreWellFormed(kTypes));
+//     static_assert(AreWellFormed(kTypeList));
 //
 // The compiler names the condition that fails, and the table.
 namespace kestrel::catalog {

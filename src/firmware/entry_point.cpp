@@ -46,7 +46,7 @@ void AppendInteger(std::vector<std::uint8_t>& bytes, std::uint64_t value, std::s
   }
 }
 
-void Append(std::vector<std::uint8_t>& bytes, std::span<const std::uint8_t> more) {
+void AppendBytes(std::vector<std::uint8_t>& bytes, std::span<const std::uint8_t> more) {
   bytes.insert(bytes.end(), more.begin(), more.end());
 }
 
@@ -111,15 +111,15 @@ std::optional<EntryPointFacts> ParseEntryPoint(std::span<const std::uint8_t> byt
 std::vector<std::uint8_t> EntryPointBytes(const SMEntryPoint& record) {
   std::vector<std::uint8_t> bytes;
   bytes.reserve(SMEntryPoint::kSize);
-  Append(bytes, record.GetAnchor());
+  AppendBytes(bytes, record.GetAnchor());
   bytes.push_back(record.GetChecksum());
   bytes.push_back(record.GetEntryPointLength());
   bytes.push_back(record.GetMajorVersion());
   bytes.push_back(record.GetMinorVersion());
   AppendInteger(bytes, record.GetMaxStructureSize(), 2);
   bytes.push_back(record.GetEntryPointRevision());
-  Append(bytes, record.GetFormattedArea());
-  Append(bytes, record.GetIntermediateAnchor());
+  AppendBytes(bytes, record.GetFormattedArea());
+  AppendBytes(bytes, record.GetIntermediateAnchor());
   bytes.push_back(record.GetIntermediateChecksum());
   AppendInteger(bytes, record.GetTableLength(), 2);
   AppendInteger(bytes, record.GetTableAddress(), 4);
@@ -152,8 +152,9 @@ std::vector<std::uint8_t> Make64BitEntryPoint(SmbiosVersion version, std::uint64
                                               std::uint32_t tableLength) {
   std::vector<std::uint8_t> bytes;
   bytes.reserve(kSize64);
-  Append(bytes, kAnchor64);
-  Append(bytes, std::array<std::uint8_t, 7>{0, kSize64, version.Major, version.Minor, 0, 1, 0});
+  AppendBytes(bytes, kAnchor64);
+  AppendBytes(bytes,
+              std::array<std::uint8_t, 7>{0, kSize64, version.Major, version.Minor, 0, 1, 0});
   AppendInteger(bytes, tableLength, 4);
   AppendInteger(bytes, tableAddress, 8);
   bytes[kChecksum64] = ChecksumOf(bytes);

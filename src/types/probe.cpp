@@ -8,12 +8,12 @@ namespace kestrel {
 
 namespace {
 
-constexpr CodeText kStatuses[] = {
+constexpr CodeText kProbeStatuses[] = {
     {1, "Other"},        {2, "Unknown"},  {3, "OK"},
     {4, "Non-critical"}, {5, "Critical"}, {6, "Non-recoverable"},
 };
 
-constexpr CodeText kLocations[] = {
+constexpr CodeText kProbeLocations[] = {
     {1, "Other"},       {2, "Unknown"},        {3, "Processor"},
     {4, "Disk"},        {5, "Peripheral Bay"}, {6, "System Management Module"},
     {7, "Motherboard"}, {8, "Memory Module"},  {9, "Processor Module"},
@@ -42,7 +42,7 @@ void ReadProbeFields(SMProbeObj& probe, TableCursor& cursor) {
 }
 
 std::string_view TextOfStatus(std::uint8_t packed) {
-  return TextOfCode(kStatuses, packed >> 5U, kNothing);
+  return TextOfCode(kProbeStatuses, packed >> 5U, kNothing);
 }
 
 ItemText SMProbeObj::GetDescriptionText() const {
@@ -51,7 +51,7 @@ ItemText SMProbeObj::GetDescriptionText() const {
 
 ItemText SMProbeObj::GetLocationAndStatusText() const {
   return {"Location And Status : Status--", TextOfStatus(LocationAndStatus), "; Location--",
-          TextOfCode(kLocations, CodeBesideStatus(LocationAndStatus), kNothing)};
+          TextOfCode(kProbeLocations, CodeBesideStatus(LocationAndStatus), kNothing)};
 }
 
 ItemText SMProbeObj::GetMaximumValueText() const {

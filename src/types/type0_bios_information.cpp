@@ -21,7 +21,7 @@ struct FeatureBit {
 };
 
 // The wording differs from line to line; consoles know the lines as they are.
-constexpr FeatureBit kCharacteristics[] = {
+constexpr FeatureBit kBiosCharacteristics[] = {
     {4, "ISA is Supported : "},
     {5, "MCA is Supported : "},
     {6, "EISA is Supported : "},
@@ -155,7 +155,7 @@ std::string SMType0Obj::GetBiosCharacteristicsText() const {
       Append(text, {"\t\t", feature.Label, IsSet(bits, feature.Bit) ? "Yes" : "No", LineEnd});
     }
   };
-  appendFeatures(kCharacteristics, BiosCharacteristics[0]);
+  appendFeatures(kBiosCharacteristics, BiosCharacteristics[0]);
   if (ExtensionByteCount > 0) {
     appendFeatures(kExtensionByte1, ExtensionBytes[0]);
   }

@@ -13,7 +13,7 @@ namespace kestrel {
 
 namespace {
 
-constexpr CodeText kDeviceTypes[] = {
+constexpr CodeText kOnBoardDeviceTypes[] = {
     {1, "Other"},    {2, "Unknown"},    {3, "Video"}, {4, "SCSI Controller"},
     {5, "Ethernet"}, {6, "Token Ring"}, {7, "Sound"},
 };
@@ -39,7 +39,7 @@ class SMType10Obj final : public SMObj {
 
   // Without the number at the start of the device's line.
   ItemText GetDeviceText(const Device& device) const {
-    return {TextOfCode(kDeviceTypes, device.TypeAndEnabled & ~kEnabledBit, kNothing),
+    return {TextOfCode(kOnBoardDeviceTypes, device.TypeAndEnabled & ~kEnabledBit, kNothing),
             (device.TypeAndEnabled & kEnabledBit) != 0 ? ";Enabled;" : ";Disabled;",
             GetString(device.Description)};
   }

@@ -12,7 +12,7 @@ namespace kestrel {
 
 namespace {
 
-constexpr CodeText kDeviceTypes[] = {
+constexpr CodeText kPointingDeviceTypes[] = {
     {1, "Other"},      {2, "Unknown"},      {3, "Mouse"},
     {4, "Track Ball"}, {5, "Track Point"},  {6, "Glide Point"},
     {7, "Touch Pad"},  {8, "Touch Screen"}, {9, "Optical Sensor"},
@@ -43,7 +43,7 @@ class SMType21Obj final : public SMObj {
   void SetNumberOfButtons(std::uint8_t value) { NumberOfButtons = value; }
 
   ItemText GetDeviceTypeText() const {
-    return {"Device Type : ", TextOfCode(kDeviceTypes, DeviceType, kNothing)};
+    return {"Device Type : ", TextOfCode(kPointingDeviceTypes, DeviceType, kNothing)};
   }
   ItemText GetInterfaceText() const {
     return {"Interface : ", TextOfCode(kInterfaces, Interface, kNothing)};

@@ -12,10 +12,10 @@ namespace kestrel {
 
 namespace {
 
-constexpr std::string_view kStatuses[] = {"Disabled", "Enabled", "Not Implemented", "Unknown"};
+constexpr std::string_view kSettings[] = {"Disabled", "Enabled", "Not Implemented", "Unknown"};
 
 // The text of the two lowest bits.
-std::string_view TextOfStatus(unsigned bits) { return kStatuses[bits & 3U]; }
+std::string_view TextOfSetting(unsigned bits) { return kSettings[bits & 3U]; }
 
 // Hardware Security: which of the system's passwords are enabled, and its reset button. Layout:
 // DMTF DSP0134, "Hardware Security (Type 24) structure".
@@ -27,13 +27,13 @@ class SMType24Obj final : public SMObj {
 
   ItemText GetHardwareSecuritySettingsText() const {
     return {"Hardware Security Setting : Power-on Password Status--",
-            TextOfStatus(HardwareSecuritySettings >> 6U),
+            TextOfSetting(HardwareSecuritySettings >> 6U),
             "; Keyboard Password Status--",
-            TextOfStatus(HardwareSecuritySettings >> 4U),
+            TextOfSetting(HardwareSecuritySettings >> 4U),
             "; Administrator Password Status--",
-            TextOfStatus(HardwareSecuritySettings >> 2U),
+            TextOfSetting(HardwareSecuritySettings >> 2U),
             "; Front Panel Reset Status--",
-            TextOfStatus(HardwareSecuritySettings)};
+            TextOfSetting(HardwareSecuritySettings)};
   }
 
   std::string ToString() const override;

@@ -10,13 +10,13 @@ namespace kestrel {
 namespace {
 
 // "mV" for the resolution, which is in tenths of a millivolt: intended.
-constexpr ProbeTexts kTexts = {"Voltage Probe (Type 26)", "mV", "mV"};
+constexpr ProbeTexts kVoltageProbeTexts = {"Voltage Probe (Type 26)", "mV", "mV"};
 
 // Voltage Probe: a sensor that measures a voltage. Layout: DMTF DSP0134, "Voltage Probe (Type 26)
 // structure".
 class SMType26Obj final : public SMProbeObj {
  public:
-  SMType26Obj() : SMProbeObj(26, kTexts) {}
+  SMType26Obj() : SMProbeObj(26, kVoltageProbeTexts) {}
 };
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace kestrel {
 
 namespace {
 
-constexpr CodeText kDeviceTypes[] = {
+constexpr CodeText kCoolingDeviceTypes[] = {
     {1, "Other"},
     {2, "Unknown"},
     {3, "Fan"},
@@ -43,7 +43,7 @@ class SMType27Obj final : public SMObj {
   }
   ItemText GetDeviceTypeAndStatusText() const {
     return {"Type And Status : Status--", TextOfStatus(DeviceTypeAndStatus), "; Type--",
-            TextOfCode(kDeviceTypes, CodeBesideStatus(DeviceTypeAndStatus), kNothing)};
+            TextOfCode(kCoolingDeviceTypes, CodeBesideStatus(DeviceTypeAndStatus), kNothing)};
   }
   ItemText GetCoolingUnitGroupText() const {
     return {"Cooling Unit Group : ", Hex(CoolingUnitGroup, 2), "h"};

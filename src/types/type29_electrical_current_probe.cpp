@@ -10,13 +10,13 @@ namespace kestrel {
 namespace {
 
 // No blank between a number and a unit that begins with digits: intended.
-constexpr ProbeTexts kTexts = {"Electrical Current Probe (Type 29)", "mA", "1/10mA"};
+constexpr ProbeTexts kCurrentProbeTexts = {"Electrical Current Probe (Type 29)", "mA", "1/10mA"};
 
 // Electrical Current Probe: a sensor that measures a current. Layout: DMTF DSP0134, "Electrical
 // Current Probe (Type 29) structure".
 class SMType29Obj final : public SMProbeObj {
  public:
-  SMType29Obj() : SMProbeObj(29, kTexts) {}
+  SMType29Obj() : SMProbeObj(29, kCurrentProbeTexts) {}
 };
 
 }  // namespace

@@ -10,7 +10,7 @@ namespace kestrel {
 
 namespace {
 
-constexpr CodeText kDeviceTypes[] = {
+constexpr CodeText kManagementDeviceTypes[] = {
     {1, "Other"},
     {2, "Unknown"},
     {3, "National Semiconductor LM75"},
@@ -46,7 +46,7 @@ class SMType34Obj final : public SMObj {
 
   ItemText GetDescriptionText() const { return {"Description : ", GetString(Description)}; }
   ItemText GetDeviceTypeText() const {
-    return {"Device Type : ", TextOfCode(kDeviceTypes, DeviceType, kNothing)};
+    return {"Device Type : ", TextOfCode(kManagementDeviceTypes, DeviceType, kNothing)};
   }
   ItemText GetAddressText() const { return {"Address : ", Hex(Address, 8), "h"}; }
   ItemText GetAddressTypeText() const {

@@ -18,7 +18,7 @@ constexpr CodeText kInputVoltageRangeSwitchings[] = {
     {4, "Auto-switch"}, {5, "Wide range"}, {6, "Not applicable"},
 };
 
-constexpr CodeText kStatuses[] = {
+constexpr CodeText kPowerSupplyStatuses[] = {
     {1, "Other"},
     {2, "Unknown"},
     {3, "OK"},
@@ -93,7 +93,8 @@ class SMType39Obj final : public SMObj {
                        kNothing)};
   }
   ItemText GetStatusText() const {
-    return {"Status : ", TextOfCode(kStatuses, PowerSupplyCharacteristics >> 7U & 0x7U, kNothing)};
+    return {"Status : ",
+            TextOfCode(kPowerSupplyStatuses, PowerSupplyCharacteristics >> 7U & 0x7U, kNothing)};
   }
   ItemText GetPowerSupplyTypeText() const {
     return {"DMTF Power Supply Type : ",

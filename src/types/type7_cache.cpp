@@ -24,7 +24,7 @@ constexpr OperationalMode kOperationalModes[] = {
     {"Unknown", 2},
 };
 
-constexpr std::string_view kLocations[] = {"Internal", "External", "Reserved", "Unknown"};
+constexpr std::string_view kCacheLocations[] = {"Internal", "External", "Reserved", "Unknown"};
 
 // Each starts with its own blank, since the label ends without one.
 constexpr std::string_view kSramTypes[] = {
@@ -86,7 +86,8 @@ class SMType7Obj final : public SMObj {
     return {"Cache Memory : ", (CacheConfiguration & 0x80U) != 0 ? "Enabled" : "Disabled"};
   }
   ItemText GetLocationText() const {
-    return {"Location, relative to the CPU module : ", kLocations[CacheConfiguration >> 5 & 3U]};
+    return {"Location, relative to the CPU module : ",
+            kCacheLocations[CacheConfiguration >> 5 & 3U]};
   }
   ItemText GetCacheSocketedText() const {
     return {"Cache Socketed : ", (CacheConfiguration & 8U) != 0 ? "Socketed" : "Not Socketed"};

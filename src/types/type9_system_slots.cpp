@@ -55,7 +55,7 @@ constexpr CodeText kSlotLengths[] = {
     {4, "Long Length"},
 };
 
-constexpr std::string_view kCharacteristics[] = {
+constexpr std::string_view kSlotCharacteristics[] = {
     "Characteristics Unknown",
     "Provides 5.0 Volts",
     "Provides 3.3 Volts",
@@ -101,7 +101,8 @@ class SMType9Obj final : public SMObj {
   ItemText GetSlotIdText() const { return {"Slot ID : ", Hex(SlotId, 4), "h"}; }
   ItemText GetSlotCharacteristics1Text() const {
     // The texts of the characteristics run into each other: intended.
-    return {"Slot Characteristics 1 : ", TextOfBits(kCharacteristics, SlotCharacteristics1, "")};
+    return {"Slot Characteristics 1 : ",
+            TextOfBits(kSlotCharacteristics, SlotCharacteristics1, "")};
   }
 
   std::string ToString() const override;

@@ -59,7 +59,6 @@ constexpr TextExport kTextExports[] = {GetSMBiosDate, GetSMBiosVendor, GetSMBios
 
 const Bytes kBios =
     Structure(0, {1, 0, 0, 0xE0, 2, 7, 0, 0, 0, 0, 0, 0, 0, 0}, {"Acme", "05/14/2002"});
-const Bytes kEnd = Structure(127, {});
 constexpr char kEndBlock[] = "End-of-Table (Type 127)\r\n\r\n";
 constexpr char kUntouched = '#';
 

@@ -8,7 +8,7 @@
 namespace kestrel::catalog {
 namespace {
 
-const Bytes kEnd = {0x7F, 4, 0xFE, 0xFF, 0, 0};
+const Bytes kFinal = {0x7F, 4, 0xFE, 0xFF, 0, 0};
 const Bytes kOem = {0xC8, 6, 0x34, 0x12, 0, 0, 'X', 0, 'Y', 'Z', 0, 0};
 
 // A line per structure, then why and where the scan stopped.
@@ -43,7 +43,7 @@ TEST(TableScanTest, FindsStructuresByTheirLengthAndStrings) {
        "7 type 0 handle 2 length 4\n"
        "complete at 13\n"},
       {"zeros among the fields and after the last structure",
-       Join({kOem, kEnd, Bytes(9)}),
+       Join({kOem, kFinal, Bytes(9)}),
        {},
        "0 type 200 handle 4660 length 6 'X' 'YZ'\n"
        "12 type 127 handle 65534 length 4\n"
@@ -55,7 +55,7 @@ TEST(TableScanTest, FindsStructuresByTheirLengthAndStrings) {
        "8 type 127 handle 2 length 4\n"
        "complete at 14\n"},
       {"End-of-Table is the end for a 64-bit entry point",
-       Join({kEnd, kOem}),
+       Join({kFinal, kOem}),
        {.AfterEndOfTable = true},
        "0 type 127 handle 65534 length 4\n"
        "complete at 6\n"},
@@ -66,12 +66,12 @@ TEST(TableScanTest, FindsStructuresByTheirLengthAndStrings) {
        "12 type 200 handle 4660 length 6 'X' 'YZ'\n"
        "complete at 24\n"},
       {"a Length below that of the header",
-       Join({kEnd, {0, 3, 0, 0}, kEnd}),
+       Join({kFinal, {0, 3, 0, 0}, kFinal}),
        {},
        "0 type 127 handle 65534 length 4\n"
        "length too small at 6\n"},
       {"a Length of zero and something after it",
-       Join({kEnd, Bytes(6), kEnd}),
+       Join({kFinal, Bytes(6), kFinal}),
        {},
        "0 type 127 handle 65534 length 4\n"
        "length too small at 6\n"},

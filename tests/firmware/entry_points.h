@@ -6,8 +6,6 @@
 
 namespace kestrel {
 
-inline const Bytes kEnd = {127, 4, 0, 0, 0, 0};
-
 inline Bytes LittleEndian(std::uint64_t value, int width) {
   Bytes bytes;
   for (int index = 0; index < width; ++index) {

@@ -24,15 +24,15 @@ Bytes PadTo(std::size_t size, Bytes bytes) {
 }
 
 // What an image is read as; nothing when it is refused.
-struct Outcome {
+struct ImageOutcome {
   ImageKind Kind;
   SmbiosVersion Version;
   Bytes Table;
 
-  bool operator==(const Outcome&) const = default;
+  bool operator==(const ImageOutcome&) const = default;
 };
 
-ImageResult Read(const Bytes& image, ImageKind kind = ImageKind::Auto) {
+ImageResult ReadBytes(const Bytes& image, ImageKind kind = ImageKind::Auto) {
   // In the folder of the build that is tested, since others may be tested beside it.
   const std::string path =
       std::string("image_of_") + testing::UnitTest::GetInstance()->current_test_info()->name();
@@ -57,7 +57,7 @@ TEST(ImageTest, ReadsEachKind) {
   const struct {
     const char* Name;
     Bytes Image;
-    Outcome Expected;
+    ImageOutcome Expected;
   } cases[] = {
       {"the BIOS area alone", area32, {Memory, kVersion, kEnd}},
       {"the first megabyte", Join({Bytes(0xF0000), area32}), {Memory, kVersion, kEnd}},
@@ -80,13 +80,13 @@ TEST(ImageTest, ReadsEachKind) {
       {"a bare table", kTwoEnds, {Raw, {2, 2}, kTwoEnds}},
   };
   for (const auto& test : cases) {
-    const ImageResult result = Read(test.Image);
+    const ImageResult result = ReadBytes(test.Image);
     const SmbiosTable& read = result.Source.Table;
-    EXPECT_EQ((Outcome{result.Kind, read.EntryPoint.Version, read.Bytes}), test.Expected)
+    EXPECT_EQ((ImageOutcome{result.Kind, read.EntryPoint.Version, read.Bytes}), test.Expected)
         << test.Name;
   }
   // A dump is a raw table as well, of a structure of type '_', if one insists.
-  EXPECT_EQ(Read(dump, Raw).Source.Table.Bytes.size(), 43);
+  EXPECT_EQ(ReadBytes(dump, Raw).Source.Table.Bytes.size(), 43);
 }
 
 TEST(ImageTest, IsPresentedAsFarAsItFits) {
@@ -123,7 +123,7 @@ TEST(ImageTest, IsPresentedAsFarAsItFits) {
        true},
   };
   for (const auto& test : cases) {
-    const ImageResult result = Read(test.Image);
+    const ImageResult result = ReadBytes(test.Image);
     auto firmware = std::make_unique<TableFirmware>(result.Source.Table);
     EXPECT_EQ(firmware->IsShortened(), test.IsShortened) << test.Name;
     EXPECT_EQ(IsCut(result.Source.Table), test.IsCut) << test.Name;

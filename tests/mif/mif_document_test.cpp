@@ -12,7 +12,7 @@ namespace {
 
 using testing::HasSubstr;
 
-Bytes Bios(const Bytes& characteristics) {
+Bytes BiosWithCharacteristics(const Bytes& characteristics) {
   return Structure(0, Join({{1, 2, 0x00, 0xF0, 3, 7}, characteristics}),
                    {"Maker", "1.07", "05/14/2002"});
 }
@@ -108,13 +108,13 @@ TEST(MifDocumentTest, DescribesManyStructures) {
 
 TEST(MifDocumentTest, HasNoCharacteristicsTableWithoutCharacteristics) {
   // All but the features that the table lists.
-  EXPECT_THAT(MifOf(Bios({0x0F, 0x00, 0xFC, 0x7F, 0xFF, 0xFF, 0xFF, 0xFF})),
+  EXPECT_THAT(MifOf(BiosWithCharacteristics({0x0F, 0x00, 0xFC, 0x7F, 0xFF, 0xFF, 0xFF, 0xFF})),
               HasSubstr("\tClass = \"DMTF|BIOS Characteristic|003\"\r\n\tID = 3\r\n"));
 }
 
 TEST(MifDocumentTest, CutsTheReleaseDateOfTheBios) {
   ExpectMifRows(
-      Bios(Bytes(8)),
+      BiosWithCharacteristics(Bytes(8)),
       {
           {0x08, {3}, R"({0,"Maker","1.07",512,61440,0,"","20020514000000.000000-300",1})"},
           {0x08, {2}, R"({0,"Maker","1.07",512,61440,0,"","1.7000000.000000-300",1})"},

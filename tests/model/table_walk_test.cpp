@@ -13,8 +13,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const Bytes kEnd = {0x7F, 4, 0, 0, 0, 0};
-
 std::vector<int> TypesOf(const SMBiosReader& reader) {
   std::vector<int> types;
   std::transform(reader.GetObjects().begin(), reader.GetObjects().end(), std::back_inserter(types),

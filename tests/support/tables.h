@@ -17,6 +17,9 @@ using Bytes = std::vector<std::uint8_t>;
 Bytes Structure(std::uint8_t type, const Bytes& fields,
                 std::initializer_list<std::string_view> strings = {});
 
+// End-of-Table.
+inline const Bytes kEnd = {127, 4, 0, 0, 0, 0};
+
 // The parts, one after the other: structures make a table, fields make a structure.
 Bytes Join(std::initializer_list<Bytes> parts);
 

@@ -11,7 +11,7 @@
 namespace kestrel {
 namespace {
 
-const Bytes kEnd = {127, 4, 0x7F, 0, 0, 0};
+const Bytes kLast = {127, 4, 0x7F, 0, 0, 0};
 
 std::string FaultsOf(const SmbiosTable& table) {
   const catalog::TableScan scan = catalog::ScanTable(table);
@@ -94,27 +94,28 @@ TEST(FaultListTest, FindsWhatIsWrongWithStructures) {
     SmbiosVersion Version = {2, 2};
     EntryPointKind Kind = EntryPointKind::None;
   } cases[] = {
-      {Join({Structure(16, {3, 3, 3}), kEnd}),
+      {Join({Structure(16, {3, 3, 3}), kLast}),
        "0000h, type 16, Physical Memory Array: error: its Length is 07h, in version 2.2 0Fh at "
        "least\r\n"},
       {Join({WithHandle(1, Structure(30, {1, 0})), WithHandle(2, Structure(30, {1, 0}, {"A"})),
-             WithHandle(3, Structure(30, {7, 0})), WithHandle(4, Structure(24, {0})), kEnd}),
+             WithHandle(3, Structure(30, {7, 0})), WithHandle(4, Structure(24, {0})), kLast}),
        "0000h, type 30, Out-of-Band Remote Access, and 1 more: error: manufacturer_name names "
        "string 1 of 0\r\n"},
       {Join({WithHandle(1, Structure(14, {0, 24, 2, 0, 24, 0xFF, 0xFF, 24, 0xFE, 0xFF, 24, 3, 0})),
-             WithHandle(2, Structure(24, {0})), kEnd}),
+             WithHandle(2, Structure(24, {0})), kLast}),
        "0000h, type 14, Group Associations: error: item_handle is 0003h, which no structure "
        "has\r\n"},
       {Join({WithHandle(1, Structure(18, Bytes(19))),
-             WithHandle(2, Structure(27, {1, 0, 0, 0, 0, 0, 0, 0})), kEnd}),
+             WithHandle(2, Structure(27, {1, 0, 0, 0, 0, 0, 0, 0})), kLast}),
        "0019h, type 27, Cooling Device: error: temperature_probe_handle is 0001h, a structure of "
        "type 18 (32-bit Memory Error Information)\r\n"},
-      {Join({{24, 5, 0x00, 0xFF, 0, 0, 0}, kEnd}),
+      {Join({{24, 5, 0x00, 0xFF, 0, 0, 0}, kLast}),
        "0000h: remark: its handle is FF00h, of which those from FF00h on are reserved\r\n"},
-      {Join({WithHandle(1, Structure(32, Bytes(7))), WithHandle(2, Structure(32, Bytes(7))), kEnd}),
+      {Join(
+           {WithHandle(1, Structure(32, Bytes(7))), WithHandle(2, Structure(32, Bytes(7))), kLast}),
        "000Dh, type 32, System Boot Information: error: a table has no more than one of its "
        "type\r\n"},
-      {kEnd,
+      {kLast,
        "0006h: remark: required types are missing: type 0 (BIOS Information), type 1 (System "
        "Information), type 3 (System Enclosure or Chassis), type 4 (Processor Information), type 7 "
        "(Cache Information), type 9 (System Slots), type 16 (Physical Memory Array), type 17 "
@@ -123,28 +124,28 @@ TEST(FaultListTest, FindsWhatIsWrongWithStructures) {
        {2, 3}},
       {Structure(24, {0}), "0007h: error: there is no End-of-Table\r\n"},
       {Structure(24, {0}), "", {2, 1}},
-      {Join({kEnd, Structure(24, {0}), Structure(200, {}), Bytes(3)}),
+      {Join({kLast, Structure(24, {0}), Structure(200, {}), Bytes(3)}),
        "0013h: remark: 3 zeros follow the last structure\r\n"
        "0006h: error: 2 structures follow End-of-Table\r\n"
        "000Dh: error: its handle is 0000h, as that of the structure at 0006h\r\n"},
-      {Join({kEnd, {0, 0, 1}}),
+      {Join({kLast, {0, 0, 1}}),
        "0006h: error: 3 bytes follow the last structure\r\n",
        {2, 2},
        EntryPointKind::Bits64},
       {{127, 4, 1, 0, 0},
        "0000h, type 127, End-of-Table: error: its string set does not end before the table\r\n"},
-      {Join({kEnd, {24, 3, 0, 0}}),
+      {Join({kLast, {24, 3, 0, 0}}),
        "0006h: error: a structure there would have a Length of 03h, below 04h\r\n"
        "0006h: error: the report and the MIF document see a structure of type 24 where none "
        "is\r\n"},
-      {Join({kEnd, {24, 9, 1, 0, 0}}),
+      {Join({kLast, {24, 9, 1, 0, 0}}),
        "0006h: error: a structure there would have a Length of 09h and go past the end of the "
        "table, 000Bh\r\n"
        "0006h: error: the report and the MIF document see a structure of type 24 where none "
        "is\r\n"},
       {Join({WithHandle(3, Structure(11, {0})),
              WithHandle(17, Structure(0, {1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, {"Maker"})),
-             kEnd}),
+             kLast}),
        "0007h, type 0, BIOS Information: error: the report and the MIF document lose it\r\n"
        "0008h: error: the report and the MIF document see a structure of type 18 where none "
        "is\r\n",

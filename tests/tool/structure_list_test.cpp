@@ -7,8 +7,6 @@
 namespace kestrel {
 namespace {
 
-const Bytes kEnd = {0x7F, 4, 0, 0, 0, 0};
-
 TEST(StructureListTest, MarksWhatTheTextsLoseOrSeeOtherwise) {
   const struct {
     const char* Name;

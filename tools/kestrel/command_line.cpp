@@ -125,12 +125,12 @@ std::string HelpOfTool() {
   return app.help();
 }
 
-std::string NameOf(const Command& command) { return std::string("kestrel ") + command.Name; }
+std::string ProgramName(const Command& command) { return std::string("kestrel ") + command.Name; }
 
 std::string HelpOf(const Command& command) {
   CommandLine line;
   line.Chosen = &command;
-  CLI::App app(command.Description, NameOf(command));
+  CLI::App app(command.Description, ProgramName(command));
   app.set_help_flag("--help", "Show the help");
   app.footer(command.Details);
   AddOptions(app, line);
@@ -192,7 +192,7 @@ ParsedCommandLine ParseCommandLine(int argumentCount, const char* const* argumen
         "kestrel");
   }
   // Only what this command takes is built, since building costs more than parsing.
-  CLI::App app(line.Chosen->Description, NameOf(*line.Chosen));
+  CLI::App app(line.Chosen->Description, ProgramName(*line.Chosen));
   app.set_help_flag();
   AddOptions(app, line);
   try {

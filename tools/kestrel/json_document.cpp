@@ -227,7 +227,7 @@ void AppendJson(std::string& text, const Json& json, std::size_t depth) {
   }
 }
 
-std::string TextOf(SmbiosVersion version) {
+std::string TextOfVersion(SmbiosVersion version) {
   std::string text;
   Append(text, {Decimal(version.Major), ".", Decimal(version.Minor)});
   return text;
@@ -251,7 +251,7 @@ std::string MakeJsonDocument(const SmbiosTable& table, const catalog::TableScan&
                              std::span<const std::uint8_t> types) {
   const EntryPointFacts& entryPoint = table.EntryPoint;
   Json smbios = Json::object();
-  Add(smbios, "version", TextOf(entryPoint.Version));
+  Add(smbios, "version", TextOfVersion(entryPoint.Version));
   Add(smbios, "entry_point", AnchorOf(entryPoint.Kind));
   Add(smbios, "table_length", entryPoint.TableLength);
 

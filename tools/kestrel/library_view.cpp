@@ -14,8 +14,6 @@ namespace kestrel {
 
 namespace {
 
-constexpr std::uint8_t kBiosInformation = 0;
-
 void AppendCount(std::string& text, std::size_t count, std::string_view verb) {
   if (count != 0) {
     Append(text, {text.empty() ? "" : " and ", verb, " ", Decimal(count)});
@@ -54,7 +52,8 @@ std::string_view StringOf(const catalog::DecodedFields& fields, std::string_view
 }
 
 std::string TextOfScannedBios(const catalog::Structure& bios) {
-  const auto fields = catalog::DecodeFields(bios, *catalog::FindStructureType(kBiosInformation));
+  const auto fields =
+      catalog::DecodeFields(bios, *catalog::FindStructureType(catalog::kBiosInformation));
   const auto strings = bios.GetStrings();
   std::string text;
   Append(text,
@@ -94,9 +93,10 @@ std::vector<std::string> NotesOnTexts(const LibraryView& view) {
 
 std::string TextOfBios(const LibraryView& view) {
   const auto& structures = view.Scan.Structures;
-  const auto bios = std::find_if(
-      structures.begin(), structures.end(),
-      [](const catalog::Structure& structure) { return structure.Type == kBiosInformation; });
+  const auto bios =
+      std::find_if(structures.begin(), structures.end(), [](const catalog::Structure& structure) {
+        return structure.Type == catalog::kBiosInformation;
+      });
   if (bios != structures.end() && view.Comparison.Differs(bios->Offset)) {
     return TextOfScannedBios(*bios);
   }

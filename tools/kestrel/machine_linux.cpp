@@ -8,7 +8,7 @@ namespace kestrel {
 
 namespace {
 
-std::string TextOf(const SourceResult& result) {
+std::string TextOfProblem(const SourceResult& result) {
   const std::string tables = "this machine's SMBIOS tables ";
   if (result.Problem != SourceProblem::CannotRead) {
     return tables + "have no entry point of a known kind: use --image " + kKernelTables + "/DMI";
@@ -30,7 +30,7 @@ std::string TextOf(const SourceResult& result) {
 std::optional<SmbiosTable> ReadMachine(std::string& failure) {
   SourceResult result = ReadTableFolder(kKernelTables);
   if (result.Problem != SourceProblem::None) {
-    failure = TextOf(result);
+    failure = TextOfProblem(result);
     return std::nullopt;
   }
   if (result.Table.Bytes.empty()) {

@@ -10,12 +10,11 @@ namespace kestrel {
 
 namespace {
 
-constexpr std::uint8_t kBiosInformation = 0;
 // A shorter BIOS Information is taken for zeros between structures and dropped.
 constexpr std::size_t kShortestBiosInformation = 18;
 
 bool IsDropped(const catalog::Structure& structure) {
-  return structure.Type == kBiosInformation &&
+  return structure.Type == catalog::kBiosInformation &&
          structure.Formatted.size() < kShortestBiosInformation;
 }
 

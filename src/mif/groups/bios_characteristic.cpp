@@ -34,7 +34,7 @@ constexpr MifEnumItem kBiosCharacteristic[] = {
     {160, "PC-98"},
 };
 
-constexpr MifAttribute kAttributes[] = {
+constexpr MifAttribute kBiosCharacteristicAttributes[] = {
     {.Name = "BIOS Characteristic Index",
      .Storage = kCommon,
      .Type = kInteger,
@@ -59,21 +59,21 @@ constexpr MifAttribute kAttributes[] = {
      .Description = "An expanded description of this BIOS Characteristic."},
 };
 
-constexpr MifGroup kGroup = {
+constexpr MifGroup kBiosCharacteristicGroup = {
     .Banner = "// Group:       DMTF|BIOS Characteristic|003      //",
     .Name = "System BIOS Characteristics",
     .Class = "DMTF|BIOS Characteristic|003",
     .Description = "This group defines the characteristics of the System BIOS.",
     .Key = "1, 2",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.4 ;",
-    .Attributes = kAttributes,
+    .Attributes = kBiosCharacteristicAttributes,
     .TableCode = kBiosCharacteristicsTable,
 };
 
 }  // namespace
 
 std::string SMBiosReader::MakeBiosCharacteristicGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kGroup>, idCounter);
+  return MakeGroup(kMifGroupText<kBiosCharacteristicGroup>, idCounter);
 }
 
 }  // namespace kestrel

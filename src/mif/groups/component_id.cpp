@@ -21,7 +21,7 @@ constexpr MifEnumItem kVerify[] = {
     {7, "This component exists, and is functioning correctly."},
 };
 
-constexpr MifAttribute kAttributes[] = {
+constexpr MifAttribute kComponentIdAttributes[] = {
     {.Name = "Manufacturer",
      .Storage = kCommon,
      .Type = kDisplayString64,
@@ -63,7 +63,7 @@ constexpr MifValueGetter kValues[] = {
     &SMBiosReader::GetComponentSerialNumber,
 };
 
-constexpr MifGroup kGroup = {
+constexpr MifGroup kComponentIdGroup = {
     .Banner = "// Group:           DMTF|ComponentID|001          //",
     .Name = "ComponentID",
     .Class = "DMTF|ComponentID|001",
@@ -72,7 +72,7 @@ constexpr MifGroup kGroup = {
         "required.",
     .Key = "",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.1.1 ;",
-    .Attributes = kAttributes,
+    .Attributes = kComponentIdAttributes,
     .Values = kValues,
 };
 
@@ -96,7 +96,7 @@ std::string ComponentValue(const SMBiosReader& reader, ItemText (SMType1Obj::*it
 }  // namespace
 
 std::string SMBiosReader::MakeComponentIDGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kGroup>, idCounter);
+  return MakeGroup(kMifGroupText<kComponentIdGroup>, idCounter);
 }
 
 std::string SMBiosReader::GetComponentManufacturer() const {

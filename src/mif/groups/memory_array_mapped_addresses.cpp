@@ -6,7 +6,7 @@ namespace kestrel {
 
 namespace {
 
-constexpr MifAttribute kAttributes[] = {
+constexpr MifAttribute kMemoryArrayMappedAddressesAttributes[] = {
     {.Name = "Memory Array Mapped Addresses Table Index",
      .Storage = kCommon,
      .Type = kInteger,
@@ -58,7 +58,7 @@ constexpr MifAttribute kAttributes[] = {
                     "each range to determine the overall status of the partition."},
 };
 
-constexpr MifGroup kGroup = {
+constexpr MifGroup kMemoryArrayMappedAddressesGroup = {
     .Banner = "// Group: DMTF|Memory Array Mapped Addresses|001  //",
     .Name = "Memory Array Mapped Addresses",
     .Class = "DMTF|Memory Array Mapped Addresses|001",
@@ -67,14 +67,14 @@ constexpr MifGroup kGroup = {
         "a given Memory Array.",
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.34 ;",
-    .Attributes = kAttributes,
+    .Attributes = kMemoryArrayMappedAddressesAttributes,
     .TableCode = 19,
 };
 
 }  // namespace
 
 std::string SMBiosReader::MakeMemoryArrayMappedAddressesGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kGroup>, idCounter);
+  return MakeGroup(kMifGroupText<kMemoryArrayMappedAddressesGroup>, idCounter);
 }
 
 }  // namespace kestrel

@@ -33,7 +33,7 @@ constexpr MifEnumItem kErrorGranularity[] = {
     {4, "Memory Partition level"},
 };
 
-constexpr MifAttribute kAttributes[] = {
+constexpr MifAttribute kMemoryDeviceAttributes[] = {
     {.Name = "Memory Device Table Index",
      .Storage = kCommon,
      .Type = kInteger,
@@ -179,7 +179,7 @@ constexpr MifAttribute kAttributes[] = {
                     " that the speed is unknown.)"},
 };
 
-constexpr MifGroup kGroup = {
+constexpr MifGroup kMemoryDeviceGroup = {
     .Banner = "// Group:         DMTF|Memory Device|003          //",
     .Name = "Memory Device",
     .Class = "DMTF|Memory Device|003",
@@ -190,14 +190,14 @@ constexpr MifGroup kGroup = {
         "can be determined and whether the device is replaceable as a unit.",
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.35 ;",
-    .Attributes = kAttributes,
+    .Attributes = kMemoryDeviceAttributes,
     .TableCode = 17,
 };
 
 }  // namespace
 
 std::string SMBiosReader::MakeMemoryDeviceGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kGroup>, idCounter);
+  return MakeGroup(kMifGroupText<kMemoryDeviceGroup>, idCounter);
 }
 
 }  // namespace kestrel

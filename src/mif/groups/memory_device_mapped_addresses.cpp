@@ -6,7 +6,7 @@ namespace kestrel {
 
 namespace {
 
-constexpr MifAttribute kAttributes[] = {
+constexpr MifAttribute kMemoryDeviceMappedAddressesAttributes[] = {
     {.Name = "Memory Device Mapped Addresses Table Index",
      .Storage = kCommon,
      .Type = kInteger,
@@ -76,7 +76,7 @@ constexpr MifAttribute kAttributes[] = {
                     "'unknown'."},
 };
 
-constexpr MifGroup kGroup = {
+constexpr MifGroup kMemoryDeviceMappedAddressesGroup = {
     .Banner = "// Group: DMTF|Memory Device Mapped Addresses|001 //",
     .Name = "Memory Device Mapped Addresses",
     .Class = "DMTF|Memory Device Mapped Addresses|001",
@@ -85,14 +85,14 @@ constexpr MifGroup kGroup = {
         "a given Memory Device Set.",
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.36 ;",
-    .Attributes = kAttributes,
+    .Attributes = kMemoryDeviceMappedAddressesAttributes,
     .TableCode = 20,
 };
 
 }  // namespace
 
 std::string SMBiosReader::MakeMemoryDeviceMappedAddressesGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kGroup>, idCounter);
+  return MakeGroup(kMifGroupText<kMemoryDeviceMappedAddressesGroup>, idCounter);
 }
 
 }  // namespace kestrel

@@ -35,7 +35,7 @@ constexpr MifEnumItem kMemoryErrorCorrection[] = {
     {5, "Single Bit ECC"}, {6, "MultiBit ECC"}, {7, "CRC"},
 };
 
-constexpr MifAttribute kAttributes[] = {
+constexpr MifAttribute kPhysicalMemoryArrayAttributes[] = {
     {.Name = "Memory Array Table Index",
      .Storage = kCommon,
      .Type = kInteger,
@@ -136,7 +136,7 @@ constexpr MifAttribute kAttributes[] = {
                     "error count and error status for this array."},
 };
 
-constexpr MifGroup kGroup = {
+constexpr MifGroup kPhysicalMemoryArrayGroup = {
     .Banner = "// Group:     DMTF|Physical Memory Array|001      //",
     .Name = "Physical Memory Array",
     .Class = "DMTF|Physical Memory Array|001",
@@ -146,14 +146,14 @@ constexpr MifGroup kGroup = {
         "slots supported in this system.",  // A line about slots: intended.
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.33 ;",
-    .Attributes = kAttributes,
+    .Attributes = kPhysicalMemoryArrayAttributes,
     .TableCode = 16,
 };
 
 }  // namespace
 
 std::string SMBiosReader::MakePhysicalMemoryArrayGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kGroup>, idCounter);
+  return MakeGroup(kMifGroupText<kPhysicalMemoryArrayGroup>, idCounter);
 }
 
 }  // namespace kestrel

@@ -119,7 +119,7 @@ constexpr MifEnumItem kStatus[] = {
     {6, "Idle"},
 };
 
-constexpr MifAttribute kAttributes[] = {
+constexpr MifAttribute kProcessorAttributes[] = {
     {.Name = "Processor Index",
      .Storage = kCommon,
      .Type = kInteger,
@@ -189,7 +189,7 @@ constexpr MifAttribute kAttributes[] = {
      .EnumWord = kEnumMixedCase},
 };
 
-constexpr MifGroup kGroup = {
+constexpr MifGroup kProcessorGroup = {
     .Banner = "// Group:           DMTF|Processor|010            //",
     .Name = "Processor",
     .Class = "DMTF|Processor|010",
@@ -198,14 +198,14 @@ constexpr MifGroup kGroup = {
         "this system.",
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.5 ;",
-    .Attributes = kAttributes,
+    .Attributes = kProcessorAttributes,
     .TableCode = 4,
 };
 
 }  // namespace
 
 std::string SMBiosReader::MakeProcessorGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kGroup>, idCounter);
+  return MakeGroup(kMifGroupText<kProcessorGroup>, idCounter);
 }
 
 }  // namespace kestrel

@@ -11,7 +11,7 @@ constexpr MifEnumItem kPrimaryBios[] = {
     {1, "True"},
 };
 
-constexpr MifAttribute kAttributes[] = {
+constexpr MifAttribute kSystemBiosAttributes[] = {
     {.Name = "BIOS Index",
      .Storage = kCommon,
      .Type = kInteger,
@@ -60,21 +60,21 @@ constexpr MifAttribute kAttributes[] = {
      .Items = kPrimaryBios},
 };
 
-constexpr MifGroup kGroup = {
+constexpr MifGroup kSystemBiosGroup = {
     .Banner = "// Group:           DMTF|System BIOS|001          //",
     .Name = "System BIOS",
     .Class = "DMTF|System BIOS|001",
     .Description = "This group defines the attributes for the System BIOS.",
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.3 ;",
-    .Attributes = kAttributes,
+    .Attributes = kSystemBiosAttributes,
     .TableCode = 0,
 };
 
 }  // namespace
 
 std::string SMBiosReader::MakeSystemBiosGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kGroup>, idCounter);
+  return MakeGroup(kMifGroupText<kSystemBiosGroup>, idCounter);
 }
 
 }  // namespace kestrel

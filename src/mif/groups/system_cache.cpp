@@ -27,7 +27,7 @@ constexpr MifEnumItem kSystemCacheType[] = {
     {1, "Other"}, {2, "Unknown"}, {3, "Instruction"}, {4, "Data"}, {5, "Unified"},
 };
 
-constexpr MifAttribute kAttributes[] = {
+constexpr MifAttribute kSystemCacheAttributes[] = {
     {.Name = "System Cache Index",
      .Storage = kCommon,
      .Type = kInteger,
@@ -71,7 +71,7 @@ constexpr MifAttribute kAttributes[] = {
      .Items = kSystemCacheType},
 };
 
-constexpr MifGroup kGroup = {
+constexpr MifGroup kSystemCacheGroup = {
     .Banner = "// Group:          DMTF|System Cache|002          //",
     .Name = "System Cache",
     .Class = "DMTF|System Cache|002",
@@ -80,14 +80,14 @@ constexpr MifGroup kGroup = {
         "installed in this system.",
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.9 ;",
-    .Attributes = kAttributes,
+    .Attributes = kSystemCacheAttributes,
     .TableCode = 7,
 };
 
 }  // namespace
 
 std::string SMBiosReader::MakeSystemCacheGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kGroup>, idCounter);
+  return MakeGroup(kMifGroupText<kSystemCacheGroup>, idCounter);
 }
 
 }  // namespace kestrel

@@ -18,7 +18,7 @@ constexpr MifEnumItem kCurrentUsage[] = {
     {4, "In Use"},
 };
 
-constexpr MifAttribute kAttributes[] = {
+constexpr MifAttribute kSystemSlotAttributes[] = {
     {.Name = "Slot Index",
      .Storage = kCommon,
      .Type = kInteger,
@@ -63,7 +63,7 @@ constexpr MifAttribute kAttributes[] = {
      .Description = "The card currently occupying this slot."},
 };
 
-constexpr MifGroup kGroup = {
+constexpr MifGroup kSystemSlotGroup = {
     .Banner = "// Group:           DMTF|System Slot|002          //",
     .Name = "System Slots",
     .Class = "DMTF|System Slot|002",
@@ -72,14 +72,14 @@ constexpr MifGroup kGroup = {
         "slots supported in this system.",
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.18 ;",
-    .Attributes = kAttributes,
+    .Attributes = kSystemSlotAttributes,
     .TableCode = 9,
 };
 
 }  // namespace
 
 std::string SMBiosReader::MakeSystemSlotGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kGroup>, idCounter);
+  return MakeGroup(kMifGroupText<kSystemSlotGroup>, idCounter);
 }
 
 }  // namespace kestrel
