@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
 """Runs the linter on every C++ source that a build folder compiles; the folder is the argument.
 
-The linter spends nearly all its time on the headers that a source includes. So sources that are
-compiled alike are put together into units, as far as their names do not clash. The sources of a unit
-in which the linter finds anything are checked one by one, and only what it finds then is a fault:
-names of one source may seem to shadow those of another.
+The linter spends much of its time on the headers that a source includes. So sources that are compiled
+alike are put together into units, folder by folder, as far as their names do not clash. The sources
+of a unit in which the linter finds anything are checked one by one, and only what it finds then is a
+fault: names of one source may seem to shadow those of another.
 """
+import collections
 import concurrent.futures
 import json
 import os
@@ -17,13 +18,18 @@ import subprocess
 import sys
 
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
-LARGEST_UNIT = 24
+# So many that src/types, whose functions the linter follows furthest, is a unit without those that it
+# would follow them into.
+LARGEST_UNIT = 56
+# Reading this, it takes longest.
+HEAVIEST = "#include <CLI/CLI.hpp>"
 
 # What a source defines, or makes visible, outside of every class and function.
 FLAG = re.compile(r"-(?:[DIWm]|std=)")
-NAME = re.compile(r"^(?!namespace|TEST)(?:\w[\w:<>,*&\[\] ]*?[ *&>])?([\w:]+)(?![\w:])(?:\[\w*\])*"
-                  r"(?: final)? ?[={(;:]", re.MULTILINE)
-GOOGLE_TEST = re.compile(r"^TEST(?:_[FP])?\((\w+, \w+)\)", re.MULTILINE)
+NAME = re.compile(r"^(?!namespace|static_assert|using|TEST)(?:\w[\w:<>,*&\[\] ]*?[ *&>])?"
+                  r"([\w:]+)(?![\w:])(?:\[\w*\])*(?: final)? ?[={(;:]", re.MULTILINE)
+NAMESPACE = re.compile(r"^namespace ([\w:]+)", re.MULTILINE)
+GOOGLE_TEST = re.compile(r"^TEST(?:_[FP])?\((\w+), (\w+)\)", re.MULTILINE)
 
 
 class Unit:
@@ -33,13 +39,18 @@ class Unit:
         self.text = ""
         self.path = None
 
-    def takes(self, names):
-        return len(self.sources) < LARGEST_UNIT and self.names.isdisjoint(names)
-
-    def add(self, source, text, names):
+    def add(self, source):
+        """Returns whether the source's names are new to the unit, which has the source then."""
+        text = source.read_text()
+        namespace = NAMESPACE.search(text)
+        names = {(namespace and namespace[1], name) for name in NAME.findall(text)}
+        names.update(GOOGLE_TEST.findall(text))
+        if not self.names.isdisjoint(names):
+            return False
         self.names |= names
         self.sources.append(source)
         self.text += text + "\n"
+        return True
 
 
 def config_folder(source):
@@ -53,20 +64,25 @@ def make_units(commands, folder):
     commands = [command for command in commands if command["file"].endswith(".cpp")]
     flags = dict.fromkeys(flag for command in commands for flag in shlex.split(command["command"])
                           if FLAG.match(flag))
+    sources = sorted({pathlib.Path(command["file"]) for command in commands})
+    folders = collections.Counter(source.parent for source in sources)
     groups = {}
-    for source in sorted({pathlib.Path(command["file"]) for command in commands}):
+    clashing = []
+    for source in sources:
         if PROJECT not in source.parents:
             continue
-        text = source.read_text()
-        names = set(NAME.findall(text)) | set(GOOGLE_TEST.findall(text))
         units = groups.setdefault(config_folder(source), [])
-        unit = next((unit for unit in units if unit.takes(names)), None)
-        if unit is None:
-            unit = Unit()
-            units.append(unit)
-        unit.add(source, text, names)
+        left = folders.pop(source.parent, 0)
+        if not units or len(units[-1].sources) + left > LARGEST_UNIT:
+            units.append(Unit())
+        if not units[-1].add(source):
+            clashing.append(source)
+    for source in clashing:
+        units = groups[config_folder(source)]
+        if not any(unit.add(source) for unit in reversed(units)):
+            units.append(Unit())
+            units[-1].add(source)
 
-    unit_commands = []
     all_units = []
     for config, units in groups.items():
         for place in (config, *config.parents):
@@ -77,10 +93,11 @@ def make_units(commands, folder):
             unit.path = folder / config / f"unit{len(all_units)}.cpp"
             unit.path.write_text(unit.text)
             all_units.append(unit)
-            unit_commands.append({"directory": str(folder), "file": str(unit.path),
-                                  "arguments": ["c++", *flags, "-c", str(unit.path)]})
-    (folder / "compile_commands.json").write_text(json.dumps(unit_commands))
-    return sorted(all_units, key=lambda unit: -len(unit.text))
+    # Precompiled headers are for another compiler, so the sources by themselves are read anew, too.
+    (folder / "compile_commands.json").write_text(json.dumps(
+        [{"directory": str(folder), "file": str(path), "arguments": ["c++", *flags, "-c", str(path)]}
+         for unit in all_units for path in (unit.path, *unit.sources)]))
+    return sorted(all_units, key=lambda unit: (HEAVIEST not in unit.text, -len(unit.text)))
 
 
 def lint(database, path):
@@ -88,11 +105,11 @@ def lint(database, path):
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False)
 
 
-def check(build, folder, unit):
+def check(folder, unit):
     """Returns what is wrong with the unit's sources."""
     if lint(folder, unit.path).returncode == 0:
         return ""
-    runs = [lint(build, source) for source in unit.sources]
+    runs = [lint(folder, source) for source in unit.sources]
     # Whatever else the linter says, it fails by its exit code; it may crash without a word.
     return "".join(run.stdout or f"The linter ended with {run.returncode}\n"
                    for run in runs if run.returncode != 0)
@@ -105,7 +122,7 @@ def main():
     commands = json.loads((build / "compile_commands.json").read_text())
     units = make_units(commands, folder)
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        faults = "".join(pool.map(lambda unit: check(build, folder, unit), units))
+        faults = "".join(pool.map(lambda unit: check(folder, unit), units))
     print(faults, end="")
     return 1 if faults else 0
 
