@@ -19,7 +19,7 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4)
   target_sources(kestrel_library PRIVATE ${core_sources} runtime/without_exceptions.cpp)
   target_include_directories(kestrel_library PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
   target_compile_options(kestrel_library PRIVATE
-    $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti -fno-asynchronous-unwind-tables>)
+    $<$<COMPILE_LANGUAGE:CXX>:-O2 -fno-exceptions -fno-rtti -fno-asynchronous-unwind-tables>)
   target_link_options(kestrel_library PRIVATE
     -nostdlib
     -Wl,--entry,_DllMain@12

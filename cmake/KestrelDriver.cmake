@@ -20,7 +20,7 @@ function(kestrel_add_driver target name windows)
   set(driver_name "${name}")
   configure_file("${PROJECT_SOURCE_DIR}/drivers/petrel/petrel.rc.in" "${target}.rc" @ONLY)
   add_executable(${target} ${ARGN} "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc")
-  set_target_properties(${target} PROPERTIES OUTPUT_NAME "${name}" SUFFIX .sys)
+  set_target_properties(${target} PROPERTIES OUTPUT_NAME "${name}" SUFFIX .sys UNITY_BUILD OFF)
   target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/drivers/petrel")
   target_include_directories(${target} SYSTEM PRIVATE "${KESTREL_DDK}")
   target_link_libraries(${target} PRIVATE
