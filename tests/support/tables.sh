@@ -9,15 +9,16 @@ le() {
   done
 }
 
-# entry_point LENGTH ADDRESS: a 32-bit entry point of version 2.3.
+# entry_point LENGTH ADDRESS [COUNT]: a 32-bit entry point of version 2.3, of one structure or COUNT.
 entry_point() {
   printf '_SM_\x00\x1F\x02\x03\x00\x00\x00\x00\x00\x00\x00\x00_DMI_\x00'
   le 2 "$1"
   le 4 "$2"
-  printf '\x01\x00\x23\x00'
+  le 2 "${3:-1}"
+  printf '\x23\x00'
 }
 
-# entry_point_64 LENGTH ADDRESS: a 64-bit entry point of version 3.2.
+# entry_point_64 LENGTH ADDRESS [COUNT]: a 64-bit entry point of version 3.2, which has no count.
 entry_point_64() {
   printf '_SM3_\x00\x18\x03\x02\x00\x01\x00'
   le 4 "$1"
