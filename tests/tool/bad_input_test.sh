@@ -30,7 +30,7 @@ expect 2 "a command is missing$usage"
 expect 2 "there is no command frob$usage" frob
 expect 2 "options go after the command$usage" --image x report
 usage=": see 'kestrel report --help'"
-expect 2 "The following argument was not expected: more$usage" report --sample more
+expect 2 "not expected: more -- --sample$usage" report --sample more -- --sample
 expect 2 "--format: takes auto, memory, dump, rsmb or raw$usage" report --image x --format jpeg
 for version in 2 2.x 2.300 -1.0 2. .3 2.3.1 ' 2.3' ''; do
   expect 2 "--smbios-version: takes a version like 2.3$usage" report --image x --smbios-version "$version"

@@ -197,6 +197,9 @@ ParsedCommandLine ParseCommandLine(int argumentCount, const char* const* argumen
   AddOptions(app, line);
   try {
     app.parse(static_cast<int>(words.size()), words.data());
+  } catch (const CLI::ExtrasError&) {
+    // The parser's own message names them last to first.
+    ThrowWrongUsage("not expected: " + CLI::detail::join(app.remaining(), " "), app.get_name());
   } catch (const CLI::ParseError& error) {
     ThrowWrongUsage(error.what(), app.get_name());
   }
