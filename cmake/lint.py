@@ -24,8 +24,9 @@ LARGEST_UNIT = 56
 # What includes this takes longest, so it comes first.
 HEAVIEST = "#include <CLI/CLI.hpp>"
 
-# What a source defines, or makes visible, outside of every class and function.
+# What of a command matters to the linter.
 FLAG = re.compile(r"-(?:[DIWm]|std=)")
+# What a source defines outside of every class and function.
 NAME = re.compile(r"^(?!namespace|static_assert|using|TEST)(?:\w[\w:<>,*&\[\] ]*?[ *&>])?"
                   r"([\w:]+)(?![\w:])(?:\[\w*\])*(?: final)? ?[={(;:]", re.MULTILINE)
 NAMESPACE = re.compile(r"^namespace ([\w:]+)", re.MULTILINE)
@@ -64,13 +65,12 @@ def make_units(commands, folder):
     commands = [command for command in commands if command["file"].endswith(".cpp")]
     flags = dict.fromkeys(flag for command in commands for flag in shlex.split(command["command"])
                           if FLAG.match(flag))
-    sources = sorted({pathlib.Path(command["file"]) for command in commands})
+    sources = sorted(source for source in {pathlib.Path(command["file"]) for command in commands}
+                     if PROJECT in source.parents)
     folders = collections.Counter(source.parent for source in sources)
     groups = {}
     clashing = []
     for source in sources:
-        if PROJECT not in source.parents:
-            continue
         units = groups.setdefault(config_folder(source), [])
         # A folder's sources are counted at its first, so that the folder is not divided.
         coming = folders.pop(source.parent, 0)

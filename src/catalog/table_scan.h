@@ -13,7 +13,7 @@ namespace kestrel::catalog {
 // Type, length and handle, which every structure has.
 inline constexpr std::uint8_t kHeaderLength = 4;
 
-// The types that other code than their fields' looks for.
+// The types that scan, checks and tool look for by number.
 inline constexpr std::uint8_t kBiosInformation = 0;
 inline constexpr std::uint8_t kEndOfTable = 127;
 
