@@ -16,7 +16,7 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4)
   # toolchain's runtime (see runtime/without_exceptions.h) and without startup code. Nothing has to
   # be constructed when the library is loaded, so the system enters at DllMain. Flags that Windows 95
   # does not know are left out.
-  target_sources(kestrel_library PRIVATE ${core_sources} runtime/without_exceptions.cpp)
+  target_sources(kestrel_library PRIVATE ${base_sources} ${core_sources} runtime/without_exceptions.cpp)
   target_include_directories(kestrel_library PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
   target_compile_options(kestrel_library PRIVATE
     $<$<COMPILE_LANGUAGE:CXX>:-O2 -fno-exceptions -fno-rtti -fno-asynchronous-unwind-tables>)
@@ -26,7 +26,7 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     -Wl,--major-os-version,4,--minor-os-version,0
     -Wl,--major-subsystem-version,4,--minor-subsystem-version,0
     -Wl,--disable-dynamicbase,--disable-nxcompat,--disable-long-section-names)
-  # In place of kestrel_core, which is compiled with exceptions for the tool.
+  # In place of kestrel_core and what it links, which are compiled with exceptions for the tool.
   set_target_properties(kestrel_library PROPERTIES LINK_LIBRARIES
     "kestrel_compiler;gcc;msvcrt;kernel32")
 else()

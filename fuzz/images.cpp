@@ -7,6 +7,8 @@
 #include <span>
 #include <vector>
 
+#include "base/entry_point_layout.h"
+#include "base/table_cursor.h"
 #include "catalog/table_faults.h"
 #include "catalog/table_scan.h"
 #include "firmware/entry_point.h"
@@ -14,7 +16,6 @@
 #include "firmware/image.h"
 #include "firmware/table_measure.h"
 #include "fuzz/support.h"
-#include "model/table_cursor.h"
 #include "tools/kestrel/dump.h"
 
 namespace kestrel {

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "base/structure_header.h"
+
 namespace kestrel::catalog {
 
 namespace {
@@ -139,7 +141,7 @@ bool FieldReader::ReadEntry(const List& list, std::size_t size,
 }  // namespace
 
 DecodedFields DecodeFields(const Structure& structure, const StructureType& type) {
-  FieldReader reader(structure.Formatted, structure.Formatted, kHeaderLength);
+  FieldReader reader(structure.Formatted, structure.Formatted, kHeaderSize);
   reader.Read(type.Fields);
   return reader.TakeFields();
 }

@@ -1,6 +1,6 @@
 #include "catalog/derivation.h"
 
-#include "model/table_cursor.h"
+#include "base/table_cursor.h"
 
 namespace kestrel::catalog {
 

@@ -2,15 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <initializer_list>
 #include <map>
-#include <numeric>
 #include <span>
 #include <utility>
 
+#include "base/entry_point_layout.h"
+#include "base/table_cursor.h"
+#include "base/text.h"
 #include "catalog/decoder.h"
 #include "catalog/structure_types.h"
-#include "model/table_cursor.h"
 
 namespace kestrel::catalog {
 
@@ -23,25 +23,8 @@ constexpr std::uint16_t kNoHandle = 0xFFFF;
 
 constexpr std::uint8_t kRequiredTypes[] = {0, 1, 3, 4, 7, 9, 16, 17, 19, 32};
 
-using Pieces = std::initializer_list<std::string_view>;
-
-std::string Join(Pieces pieces) {
-  std::string text;
-  for (const std::string_view piece : pieces) {
-    text.append(piece);
-  }
-  return text;
-}
-
-std::string Hex(std::uint64_t value, std::size_t width) {
-  std::string digits;
-  for (; value != 0 || digits.size() < width; value >>= 4) {
-    digits.insert(digits.begin(), "0123456789ABCDEF"[value & 0xFU]);
-  }
-  return digits + "h";
-}
-
-std::string Decimal(std::uint64_t value) { return std::to_string(value); }
+// A number as people write it in hexadecimal.
+std::string HexOf(std::uint64_t value, std::size_t width) { return Join({Hex(value, width), "h"}); }
 
 bool IsAtLeast(SmbiosVersion version, std::uint8_t major, std::uint8_t minor) {
   return version.Major > major || (version.Major == major && version.Minor >= minor);
@@ -54,10 +37,6 @@ std::string TextOf(SmbiosVersion version) {
 std::string NameOf(std::uint8_t type) {
   const std::string_view name = GetTypeName(type);
   return Join({"type ", Decimal(type), name.empty() ? "" : " (", name, name.empty() ? "" : ")"});
-}
-
-bool HasZeroSum(std::span<const std::uint8_t> bytes) {
-  return static_cast<std::uint8_t>(std::accumulate(bytes.begin(), bytes.end(), 0U)) == 0;
 }
 
 FaultPlace PlaceOf(const Structure& structure) { return {structure.Offset, structure.Type}; }
@@ -121,15 +100,14 @@ void FaultFinder::CheckEntryPoint() {
     return;
   }
   const bool is64Bit = EntryPoint.Kind == EntryPointKind::Bits64;
-  const std::size_t layout = is64Bit ? 0x18 : 0x1F;
+  const std::size_t layout = is64Bit ? entry_point64::kSize : entry_point32::kSize;
   const std::span<const std::uint8_t> bytes(EntryPoint.Bytes);
   TableCursor cursor(bytes);
-  const std::size_t length = cursor.Peek(is64Bit ? 6 : 5);
+  const std::size_t length = cursor.Peek(is64Bit ? entry_point64::kLength : entry_point32::kLength);
   if (length != layout) {
-    // Version 2.1 of the standard gave a 32-bit entry point a byte too few.
-    const bool isOldLength = !is64Bit && length == layout - 1;
+    const bool isOldLength = !is64Bit && length == entry_point32::kShortestSize;
     AddToEntryPoint(isOldLength ? Severity::Remark : Severity::Error,
-                    Join({"its length is ", Hex(length, 2), " instead of ", Hex(layout, 2)}));
+                    Join({"its length is ", HexOf(length, 2), " instead of ", HexOf(layout, 2)}));
   }
   CheckChecksum(bytes.first(std::min(bytes.size(), length < layout - 1 ? layout : length)),
                 "checksum");
@@ -139,35 +117,34 @@ void FaultFinder::CheckEntryPoint() {
   if (Table.IsElsewhere) {
     // Most of these are dumps that keep the address of the machine's memory.
     AddToEntryPoint(Severity::Remark,
-                    Join({"its table address is ", Hex(EntryPoint.TableAddress, 8),
+                    Join({"its table address is ", HexOf(EntryPoint.TableAddress, 8),
                           ", but the table is at another place of the image"}));
   }
   CheckSizes();
 }
 
 void FaultFinder::Check32BitEntryPoint() {
-  constexpr std::string_view kAnchor = "_DMI_";
   const std::span<const std::uint8_t> bytes(EntryPoint.Bytes);
-  const auto intermediate = bytes.subspan(std::min<std::size_t>(0x10, bytes.size()));
-  if (intermediate.size() < kAnchor.size() ||
-      !std::equal(kAnchor.begin(), kAnchor.end(), intermediate.begin())) {
+  const auto intermediate =
+      bytes.subspan(std::min(entry_point32::kIntermediateStart, bytes.size()));
+  if (!StartsWith(intermediate, entry_point32::kIntermediateAnchor)) {
     AddToEntryPoint(Severity::Error, "its intermediate anchor is not _DMI_");
   }
-  CheckChecksum(intermediate.first(std::min<std::size_t>(0x0F, intermediate.size())),
+  CheckChecksum(intermediate.first(std::min(entry_point32::kIntermediateSize, intermediate.size())),
                 "intermediate checksum");
   TableCursor cursor(bytes);
-  const unsigned revision = cursor.Peek(0x1E);
+  const unsigned revision = cursor.Peek(entry_point32::kBcdRevision);
   const unsigned expected = EntryPoint.Version.Major * 16U + EntryPoint.Version.Minor;
   if (revision != 0 && revision != expected) {
-    AddToEntryPoint(Severity::Remark, Join({"its BCD revision is ", Hex(revision, 2),
+    AddToEntryPoint(Severity::Remark, Join({"its BCD revision is ", HexOf(revision, 2),
                                             " with version ", TextOf(EntryPoint.Version)}));
   }
 }
 
 void FaultFinder::CheckChecksum(std::span<const std::uint8_t> bytes, std::string_view name) {
-  if (!HasZeroSum(bytes)) {
-    const unsigned sum = std::accumulate(bytes.begin(), bytes.end(), 0U) & 0xFFU;
-    AddToEntryPoint(Severity::Error, Join({"its ", name, " is wrong: the sum is ", Hex(sum, 2)}));
+  const std::uint8_t sum = ByteSum(bytes);
+  if (sum != 0) {
+    AddToEntryPoint(Severity::Error, Join({"its ", name, " is wrong: the sum is ", HexOf(sum, 2)}));
   }
 }
 
@@ -217,8 +194,8 @@ void FaultFinder::CheckLength(const Structure& structure, const StructureType& t
   }
   if (structure.GetLength() < least) {
     AddTo(structure, Severity::Error, "length",
-          Join({"its Length is ", Hex(structure.GetLength(), 2), ", in version ",
-                TextOf(EntryPoint.Version), " ", Hex(least, 2), " at least"}));
+          Join({"its Length is ", HexOf(structure.GetLength(), 2), ", in version ",
+                TextOf(EntryPoint.Version), " ", HexOf(least, 2), " at least"}));
   }
 }
 
@@ -249,7 +226,7 @@ void FaultFinder::CheckHandle(const Structure& structure, const DecodedField& fi
   const auto found = TypesOfHandle.find(handle);
   if (found == TypesOfHandle.end()) {
     AddTo(structure, Severity::Error, Join({"no ", key}),
-          Join({key, " is ", Hex(handle, 4), ", which no structure has"}));
+          Join({key, " is ", HexOf(handle, 4), ", which no structure has"}));
     return;
   }
   const auto targets = field.Definition->Targets;
@@ -257,7 +234,7 @@ void FaultFinder::CheckHandle(const Structure& structure, const DecodedField& fi
   if (!targets.empty() && std::find_first_of(types.begin(), types.end(), targets.begin(),
                                              targets.end()) == types.end()) {
     AddTo(structure, Severity::Error, Join({"other ", key}),
-          Join({key, " is ", Hex(handle, 4), ", a structure of ", NameOf(types.front())}));
+          Join({key, " is ", HexOf(handle, 4), ", a structure of ", NameOf(types.front())}));
   }
 }
 
@@ -269,12 +246,12 @@ void FaultFinder::CheckEnd() {
   if (Scan.Stop != ScanStop::Complete) {
     TableCursor cursor(bytes);
     cursor.MoveTo(Scan.End + 1);
-    const std::string length = Hex(cursor.U8(), 2);
+    const std::string length = HexOf(cursor.U8(), 2);
     AddAt(Scan.End, Severity::Error, "stop",
           Scan.Stop == ScanStop::LengthTooSmall
               ? Join({"a structure there would have a Length of ", length, ", below 04h"})
               : Join({"a structure there would have a Length of ", length,
-                      " and go past the end of the table, ", Hex(bytes.size(), 4)}));
+                      " and go past the end of the table, ", HexOf(bytes.size(), 4)}));
   } else if (Scan.End < bytes.size()) {
     const auto rest = bytes.subspan(Scan.End);
     const bool onlyZeros =
@@ -300,13 +277,13 @@ void FaultFinder::CheckHandles() {
     const auto [first, isNew] = firstOf.emplace(structure.Handle, structure.Offset);
     if (!isNew) {
       AddAt(structure.Offset, Severity::Error, "same handle",
-            Join({"its handle is ", Hex(structure.Handle, 4), ", as that of the structure at ",
-                  Hex(first->second, 4)}));
+            Join({"its handle is ", HexOf(structure.Handle, 4), ", as that of the structure at ",
+                  HexOf(first->second, 4)}));
     }
     if (structure.Handle >= kFirstReservedHandle && IsAtLeast(EntryPoint.Version, 2, 1)) {
       AddAt(structure.Offset, Severity::Remark, "reserved handle",
-            Join({"its handle is ", Hex(structure.Handle, 4), ", of which those from ",
-                  Hex(kFirstReservedHandle, 4), " on are reserved"}));
+            Join({"its handle is ", HexOf(structure.Handle, 4), ", of which those from ",
+                  HexOf(kFirstReservedHandle, 4), " on are reserved"}));
     }
   }
 }

@@ -9,8 +9,8 @@
 #include <tuple>
 #include <vector>
 
+#include "base/smbios_table.h"
 #include "catalog/table_scan.h"
-#include "model/smbios_table.h"
 
 namespace kestrel::catalog {
 

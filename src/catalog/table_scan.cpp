@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "model/table_cursor.h"
+#include "base/table_cursor.h"
 
 namespace kestrel::catalog {
 
@@ -56,12 +56,11 @@ TableScan ScanTable(std::span<const std::uint8_t> table, EndRule rule) {
     const std::size_t length = cursor.U8();
     structure.Handle = cursor.U16();
     const auto rest = table.subspan(structure.Offset);
-    if (length < kHeaderLength || length > rest.size()) {
+    if (length < kHeaderSize || length > rest.size()) {
       const bool onlyZeros = std::all_of(rest.begin(), rest.end(), IsZero);
       if (!onlyZeros) {
-        scan.Stop = length < kHeaderLength && rest.size() >= kHeaderLength
-                        ? ScanStop::LengthTooSmall
-                        : ScanStop::PastEnd;
+        scan.Stop = length < kHeaderSize && rest.size() >= kHeaderSize ? ScanStop::LengthTooSmall
+                                                                       : ScanStop::PastEnd;
       }
       break;
     }

@@ -6,16 +6,10 @@
 #include <string_view>
 #include <vector>
 
-#include "model/smbios_table.h"
+#include "base/smbios_table.h"
+#include "base/structure_header.h"
 
 namespace kestrel::catalog {
-
-// Type, length and handle, which every structure has.
-inline constexpr std::uint8_t kHeaderLength = 4;
-
-// The types that scan, checks and tool look for by number.
-inline constexpr std::uint8_t kBiosInformation = 0;
-inline constexpr std::uint8_t kEndOfTable = 127;
 
 // A structure of a table. Its views live as long as the bytes of the table.
 struct Structure {

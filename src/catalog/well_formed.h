@@ -216,7 +216,7 @@ consteval void CheckFields(std::span<const Field> fields, unsigned start) {
 consteval void CheckLeastLengths(std::span<const LeastLength> lengths) {
   for (std::size_t index = 0; index < lengths.size(); ++index) {
     const LeastLength& length = lengths[index];
-    Require(length.Length >= kHeaderLength, "a structure has at least its header");
+    Require(length.Length >= kHeaderSize, "a structure has at least its header");
     if (index > 0) {
       const LeastLength& earlier = lengths[index - 1];
       Require(earlier.Length < length.Length &&
@@ -234,7 +234,7 @@ consteval bool AreWellFormed(std::span<const StructureType> types) {
     well_formed::Require(index == 0 || types[index - 1].Type < types[index].Type,
                          "types do not ascend");
     well_formed::Require(!types[index].Name.empty(), "a type needs a name");
-    well_formed::CheckFields(types[index].Fields, kHeaderLength);
+    well_formed::CheckFields(types[index].Fields, kHeaderSize);
     well_formed::CheckLeastLengths(types[index].LeastLengths);
   }
   return true;

@@ -2,42 +2,21 @@
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 
-#include "model/table_cursor.h"
+#include "base/entry_point_layout.h"
+#include "base/table_cursor.h"
 
 namespace kestrel {
 
 namespace {
 
-constexpr std::array<std::uint8_t, 4> kAnchor32 = {'_', 'S', 'M', '_'};
-constexpr std::array<std::uint8_t, 5> kAnchor64 = {'_', 'S', 'M', '3', '_'};
-constexpr std::array<std::uint8_t, 5> kIntermediateAnchor = {'_', 'D', 'M', 'I', '_'};
-
-constexpr std::size_t kSize64 = 24;
-
-// Some firmware publishes a byte too few, which repeats the version.
-constexpr std::size_t kShortestSize32 = 30;
-
-// Offsets in an entry point. The second half of a 32-bit one has a checksum of its own.
-constexpr std::size_t kChecksum32 = 0x04;
-constexpr std::size_t kIntermediateStart = 0x10;
-constexpr std::size_t kIntermediateChecksum32 = 0x15;
-constexpr std::size_t kAddress32 = 0x18;
-constexpr std::size_t kChecksum64 = 0x05;
-constexpr std::size_t kAddress64 = 0x10;
-
-bool StartsWith(std::span<const std::uint8_t> bytes, std::span<const std::uint8_t> start) {
-  return bytes.size() >= start.size() && std::equal(start.begin(), start.end(), bytes.begin());
-}
-
-std::uint8_t Sum(std::span<const std::uint8_t> bytes) {
-  return static_cast<std::uint8_t>(std::accumulate(bytes.begin(), bytes.end(), 0U));
+std::span<const std::uint8_t> BytesOf(std::string_view text) {
+  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
 // The byte that makes the sum of all 0.
 std::uint8_t ChecksumOf(std::span<const std::uint8_t> bytes) {
-  return static_cast<std::uint8_t>(0U - Sum(bytes));
+  return static_cast<std::uint8_t>(0U - ByteSum(bytes));
 }
 
 void AppendInteger(std::vector<std::uint8_t>& bytes, std::uint64_t value, std::size_t width) {
@@ -68,7 +47,7 @@ EntryPointFacts Parse32(std::span<const std::uint8_t> bytes) {
   record.Parse(cursor);
   EntryPointFacts facts;
   facts.Kind = EntryPointKind::Bits32;
-  facts.Bytes = OwnBytes(bytes, SMEntryPoint::kSize, record.GetEntryPointLength());
+  facts.Bytes = OwnBytes(bytes, entry_point32::kSize, record.GetEntryPointLength());
   facts.Version = {record.GetMajorVersion(), record.GetMinorVersion()};
   facts.TableAddress = record.GetTableAddress();
   facts.TableLength = record.GetTableLength();
@@ -79,14 +58,13 @@ EntryPointFacts Parse32(std::span<const std::uint8_t> bytes) {
 
 EntryPointFacts Parse64(std::span<const std::uint8_t> bytes) {
   TableCursor cursor(bytes);
-  cursor.MoveTo(0x06);
+  cursor.MoveTo(entry_point64::kLength);
   EntryPointFacts facts;
   facts.Kind = EntryPointKind::Bits64;
-  facts.Bytes = OwnBytes(bytes, kSize64, cursor.U8());
+  facts.Bytes = OwnBytes(bytes, entry_point64::kSize, cursor.U8());
   facts.Version.Major = cursor.U8();
   facts.Version.Minor = cursor.U8();
-  facts.DocRevision = cursor.U8();
-  cursor.MoveTo(0x0C);
+  cursor.MoveTo(entry_point64::kTableLength);
   facts.TableLength = cursor.U32();
   facts.TableAddress = cursor.U64();
   return facts;
@@ -95,14 +73,14 @@ EntryPointFacts Parse64(std::span<const std::uint8_t> bytes) {
 }  // namespace
 
 bool HasEntryPointAnchor(std::span<const std::uint8_t> bytes) {
-  return StartsWith(bytes, kAnchor32) || StartsWith(bytes, kAnchor64);
+  return StartsWith(bytes, entry_point32::kAnchor) || StartsWith(bytes, entry_point64::kAnchor);
 }
 
 std::optional<EntryPointFacts> ParseEntryPoint(std::span<const std::uint8_t> bytes) {
-  if (StartsWith(bytes, kAnchor32) && bytes.size() >= kShortestSize32) {
+  if (StartsWith(bytes, entry_point32::kAnchor) && bytes.size() >= entry_point32::kShortestSize) {
     return Parse32(bytes);
   }
-  if (StartsWith(bytes, kAnchor64) && bytes.size() >= kSize64) {
+  if (StartsWith(bytes, entry_point64::kAnchor) && bytes.size() >= entry_point64::kSize) {
     return Parse64(bytes);
   }
   return std::nullopt;
@@ -110,7 +88,7 @@ std::optional<EntryPointFacts> ParseEntryPoint(std::span<const std::uint8_t> byt
 
 std::vector<std::uint8_t> EntryPointBytes(const SMEntryPoint& record) {
   std::vector<std::uint8_t> bytes;
-  bytes.reserve(SMEntryPoint::kSize);
+  bytes.reserve(entry_point32::kSize);
   AppendBytes(bytes, record.GetAnchor());
   bytes.push_back(record.GetChecksum());
   bytes.push_back(record.GetEntryPointLength());
@@ -131,33 +109,34 @@ std::vector<std::uint8_t> EntryPointBytes(const SMEntryPoint& record) {
 std::vector<std::uint8_t> MakeEntryPoint(SmbiosVersion version, std::uint32_t tableAddress,
                                          std::uint16_t tableLength, const TableSize& size) {
   SMEntryPoint record;
-  record.SetAnchor(kAnchor32);
-  record.SetEntryPointLength(SMEntryPoint::kSize);
+  record.SetAnchor(BytesOf(entry_point32::kAnchor));
+  record.SetEntryPointLength(entry_point32::kSize);
   record.SetMajorVersion(version.Major);
   record.SetMinorVersion(version.Minor);
   record.SetMaxStructureSize(UpToWord(size.LargestStructure));
-  record.SetIntermediateAnchor(kIntermediateAnchor);
+  record.SetIntermediateAnchor(BytesOf(entry_point32::kIntermediateAnchor));
   record.SetTableLength(tableLength);
   record.SetTableAddress(tableAddress);
   record.SetStructureCount(UpToWord(size.Structures));
   record.SetBcdRevision(
       static_cast<std::uint8_t>((version.Major & 15U) << 4 | (version.Minor & 15U)));
   std::vector<std::uint8_t> bytes = EntryPointBytes(record);
-  bytes[kIntermediateChecksum32] = ChecksumOf(std::span(bytes).subspan(kIntermediateStart));
-  bytes[kChecksum32] = ChecksumOf(bytes);
+  bytes[entry_point32::kIntermediateChecksum] =
+      ChecksumOf(std::span(bytes).subspan(entry_point32::kIntermediateStart));
+  bytes[entry_point32::kChecksum] = ChecksumOf(bytes);
   return bytes;
 }
 
 std::vector<std::uint8_t> Make64BitEntryPoint(SmbiosVersion version, std::uint64_t tableAddress,
                                               std::uint32_t tableLength) {
   std::vector<std::uint8_t> bytes;
-  bytes.reserve(kSize64);
-  AppendBytes(bytes, kAnchor64);
-  AppendBytes(bytes,
-              std::array<std::uint8_t, 7>{0, kSize64, version.Major, version.Minor, 0, 1, 0});
+  bytes.reserve(entry_point64::kSize);
+  AppendBytes(bytes, BytesOf(entry_point64::kAnchor));
+  AppendBytes(bytes, std::array<std::uint8_t, 7>{0, entry_point64::kSize, version.Major,
+                                                 version.Minor, 0, 1, 0});
   AppendInteger(bytes, tableLength, 4);
   AppendInteger(bytes, tableAddress, 8);
-  bytes[kChecksum64] = ChecksumOf(bytes);
+  bytes[entry_point64::kChecksum] = ChecksumOf(bytes);
   return bytes;
 }
 
@@ -166,15 +145,17 @@ std::vector<std::uint8_t> WithTableAddress(const EntryPointFacts& entryPoint,
   const bool is64Bit = entryPoint.Kind == EntryPointKind::Bits64;
   std::vector<std::uint8_t> bytes = entryPoint.Bytes;
   const auto address = std::span(bytes).subspan(
-      is64Bit ? kAddress64 : kAddress32, is64Bit ? sizeof(std::uint64_t) : sizeof(std::uint32_t));
-  const std::uint8_t before = Sum(address);
+      is64Bit ? entry_point64::kTableAddress : entry_point32::kTableAddress,
+      is64Bit ? sizeof(std::uint64_t) : sizeof(std::uint32_t));
+  const std::uint8_t before = ByteSum(address);
   for (std::size_t index = 0; index < address.size(); ++index) {
     address[index] = static_cast<std::uint8_t>(index < 4 ? tableAddress >> (8 * index) : 0);
   }
   // In a 32-bit entry point the inner checksum makes up for the address, so the outer one
   // stays.
-  std::uint8_t& checksum = bytes[is64Bit ? kChecksum64 : kIntermediateChecksum32];
-  checksum = static_cast<std::uint8_t>(checksum + before - Sum(address));
+  std::uint8_t& checksum =
+      bytes[is64Bit ? entry_point64::kChecksum : entry_point32::kIntermediateChecksum];
+  checksum = static_cast<std::uint8_t>(checksum + before - ByteSum(address));
   return bytes;
 }
 

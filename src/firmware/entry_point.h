@@ -6,14 +6,11 @@
 #include <span>
 #include <vector>
 
+#include "base/smbios_table.h"
 #include "firmware/table_measure.h"
 #include "model/sm_entry_point.h"
-#include "model/smbios_table.h"
 
 namespace kestrel {
-
-// No entry point is longer.
-inline constexpr std::size_t kLargestEntryPoint = 32;
 
 // The most bytes that a 32-bit entry point can announce.
 inline constexpr std::size_t kLongestTable = 65535;

@@ -2,9 +2,10 @@
 
 #include <array>
 
+#include "base/entry_point_layout.h"
+#include "base/table_cursor.h"
 #include "firmware/firmware_access.h"
 #include "model/smbios_reader.h"
-#include "model/table_cursor.h"
 
 namespace kestrel {
 
@@ -37,7 +38,7 @@ int SMBiosReader::FindEntryPoint() {
     auto entryPoint = std::span<const std::uint8_t>(chunk).subspan(offset);
     if (Access->ReadPhysical(address + static_cast<std::uint32_t>(offset), secondRead) != 0) {
       entryPoint = secondRead;
-    } else if (entryPoint.size() < SMEntryPoint::kSize) {
+    } else if (entryPoint.size() < entry_point32::kSize) {
       return 0;
     }
     TableCursor cursor(entryPoint);

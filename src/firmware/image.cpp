@@ -5,11 +5,13 @@
 #include <utility>
 #include <vector>
 
+#include "base/entry_point_layout.h"
+#include "base/structure_header.h"
+#include "base/table_cursor.h"
 #include "firmware/entry_point.h"
 #include "firmware/entry_point_search.h"
 #include "firmware/file_reader.h"
 #include "firmware/table_folder.h"
-#include "model/table_cursor.h"
 #include "model/table_walk.h"
 
 namespace kestrel {

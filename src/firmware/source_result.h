@@ -3,7 +3,7 @@
 #include <system_error>
 #include <utility>
 
-#include "model/smbios_table.h"
+#include "base/smbios_table.h"
 
 namespace kestrel {
 

@@ -4,9 +4,9 @@
 #include <span>
 #include <vector>
 
+#include "base/smbios_table.h"
 #include "firmware/firmware_access.h"
 #include "firmware/sparse_memory.h"
-#include "model/smbios_table.h"
 
 namespace kestrel {
 

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/entry_point_layout.h"
 #include "firmware/entry_point.h"
 #include "firmware/file_reader.h"
 

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "model/table_cursor.h"
+#include "base/structure_header.h"
+#include "base/table_cursor.h"
 #include "model/table_walk.h"
 
 namespace kestrel {

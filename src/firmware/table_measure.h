@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <span>
 
-#include "model/smbios_table.h"
+#include "base/smbios_table.h"
 
 namespace kestrel {
 

@@ -1,8 +1,8 @@
 #include <cstddef>
 #include <string>
 
+#include "base/text.h"
 #include "model/smbios_reader.h"
-#include "model/text.h"
 
 namespace kestrel {
 

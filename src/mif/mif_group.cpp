@@ -3,9 +3,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/text.h"
 #include "mif/mif_group_text.h"
 #include "model/smbios_reader.h"
-#include "model/text.h"
 
 namespace kestrel {
 

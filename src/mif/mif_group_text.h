@@ -8,9 +8,9 @@
 #include <span>
 #include <string_view>
 
+#include "base/text.h"
 #include "mif/mif_group.h"
 #include "mif/mif_table.h"
-#include "model/text.h"
 
 namespace kestrel {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "base/text.h"
 #include "model/smbios_reader.h"
-#include "model/text.h"
 #include "types/type0_bios_information.h"
 
 namespace kestrel {

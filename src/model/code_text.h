@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "model/text.h"
+#include "model/text_block.h"
 
 namespace kestrel {
 

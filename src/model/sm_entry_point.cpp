@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "model/table_cursor.h"
+#include "base/table_cursor.h"
 
 namespace kestrel {
 

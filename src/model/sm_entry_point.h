@@ -10,13 +10,10 @@ namespace kestrel {
 class TableCursor;
 
 // The entry point as the firmware wrote it: where the structure table is, how long it is, and which
-// version of SMBIOS it follows. Nothing is validated. Layout: DMTF DSP0134, "SMBIOS 2.1 (32-bit)
-// Entry Point structure".
+// version of SMBIOS it follows. Nothing is validated; checksums are ignored. Layout: DMTF DSP0134,
+// "SMBIOS 2.1 (32-bit) Entry Point structure".
 class SMEntryPoint {
  public:
-  // In bytes.
-  static constexpr std::size_t kSize = 31;
-
   SMEntryPoint() = default;
   SMEntryPoint(const SMEntryPoint&) = default;
   SMEntryPoint& operator=(const SMEntryPoint&) = default;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "model/table_cursor.h"
+#include "base/table_cursor.h"
 
 namespace kestrel {
 

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <iterator>
 
+#include "base/table_cursor.h"
 #include "model/smbios_reader.h"
-#include "model/table_cursor.h"
 
 namespace kestrel {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "model/smbios_table.h"
+#include "base/smbios_table.h"
 
 namespace kestrel {
 

@@ -1,6 +1,6 @@
 #include "sample/table_builder.h"
 
-#include "model/table_walk.h"
+#include "base/structure_header.h"
 
 namespace kestrel {
 

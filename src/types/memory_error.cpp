@@ -1,7 +1,7 @@
 #include "types/memory_error.h"
 
+#include "base/table_cursor.h"
 #include "model/code_text.h"
-#include "model/table_cursor.h"
 
 namespace kestrel {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "model/sm_obj.h"
-#include "model/text.h"
+#include "model/text_block.h"
 
 namespace kestrel {
 

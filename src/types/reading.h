@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "model/code_text.h"
-#include "model/text.h"
+#include "model/text_block.h"
 
 namespace kestrel {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "model/sm_obj.h"
-#include "model/text.h"
+#include "model/text_block.h"
 
 namespace kestrel {
 

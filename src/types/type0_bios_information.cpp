@@ -4,9 +4,9 @@
 #include <span>
 #include <utility>
 
+#include "base/table_cursor.h"
 #include "model/mif_row.h"
 #include "model/smbios_reader.h"
-#include "model/table_cursor.h"
 
 namespace kestrel {
 

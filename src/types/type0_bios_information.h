@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "model/sm_obj.h"
-#include "model/text.h"
+#include "model/text_block.h"
 
 namespace kestrel {
 

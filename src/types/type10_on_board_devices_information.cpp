@@ -3,11 +3,11 @@
 #include <utility>
 #include <vector>
 
+#include "base/structure_header.h"
+#include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
-#include "model/table_cursor.h"
-#include "model/table_walk.h"
-#include "model/text.h"
+#include "model/text_block.h"
 
 namespace kestrel {
 

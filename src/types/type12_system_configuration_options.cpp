@@ -1,8 +1,8 @@
 #include <memory>
 #include <utility>
 
+#include "base/table_cursor.h"
 #include "model/smbios_reader.h"
-#include "model/table_cursor.h"
 #include "types/string_list_obj.h"
 
 namespace kestrel {

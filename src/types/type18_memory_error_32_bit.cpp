@@ -1,9 +1,9 @@
 #include <memory>
 #include <utility>
 
+#include "base/table_cursor.h"
 #include "model/smbios_reader.h"
-#include "model/table_cursor.h"
-#include "model/text.h"
+#include "model/text_block.h"
 #include "types/memory_error.h"
 
 namespace kestrel {

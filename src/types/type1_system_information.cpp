@@ -3,9 +3,9 @@
 #include <memory>
 #include <utility>
 
+#include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
-#include "model/table_cursor.h"
 
 namespace kestrel {
 

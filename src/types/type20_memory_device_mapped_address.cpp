@@ -1,9 +1,9 @@
 #include <memory>
 #include <utility>
 
+#include "base/table_cursor.h"
 #include "model/mif_row.h"
 #include "model/smbios_reader.h"
-#include "model/table_cursor.h"
 
 namespace kestrel {
 

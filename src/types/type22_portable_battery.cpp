@@ -3,10 +3,10 @@
 #include <string>
 #include <utility>
 
+#include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
-#include "model/table_cursor.h"
-#include "model/text.h"
+#include "model/text_block.h"
 
 namespace kestrel {
 

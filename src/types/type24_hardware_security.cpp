@@ -4,9 +4,9 @@
 #include <string_view>
 #include <utility>
 
+#include "base/table_cursor.h"
 #include "model/smbios_reader.h"
-#include "model/table_cursor.h"
-#include "model/text.h"
+#include "model/text_block.h"
 
 namespace kestrel {
 

@@ -1,10 +1,10 @@
 #include <memory>
 #include <utility>
 
+#include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
-#include "model/table_cursor.h"
-#include "model/text.h"
+#include "model/text_block.h"
 #include "types/probe.h"
 #include "types/reading.h"
 

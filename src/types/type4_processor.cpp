@@ -5,11 +5,11 @@
 #include <string_view>
 #include <utility>
 
+#include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/mif_row.h"
 #include "model/smbios_reader.h"
-#include "model/table_cursor.h"
-#include "model/text.h"
+#include "model/text_block.h"
 
 namespace kestrel {
 

@@ -10,10 +10,10 @@
 #include <utility>
 #include <vector>
 
+#include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
-#include "model/table_cursor.h"
-#include "model/text.h"
+#include "model/text_block.h"
 #include "types/memory_module.h"
 
 namespace kestrel {

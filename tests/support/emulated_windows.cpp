@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <span>
 
-#include "model/text.h"
+#include "base/text.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/text.h"
 #include "model/smbios_reader.h"
-#include "model/text.h"
 #include "sample/table_builder.h"
 
 namespace kestrel {

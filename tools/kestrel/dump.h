@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "model/smbios_table.h"
+#include "base/smbios_table.h"
 
 namespace kestrel {
 

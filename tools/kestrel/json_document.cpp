@@ -6,9 +6,9 @@
 #include <variant>
 #include <vector>
 
+#include "base/text.h"
 #include "catalog/decoder.h"
 #include "catalog/structure_types.h"
-#include "model/text.h"
 #include "tools/kestrel/windows_1252.h"
 
 namespace kestrel {

@@ -4,8 +4,8 @@
 #include <span>
 #include <string>
 
+#include "base/smbios_table.h"
 #include "catalog/table_scan.h"
-#include "model/smbios_table.h"
 
 namespace kestrel {
 

@@ -4,10 +4,11 @@
 #include <string_view>
 #include <utility>
 
+#include "base/structure_header.h"
+#include "base/text.h"
 #include "catalog/decoder.h"
 #include "catalog/structure_types.h"
 #include "firmware/table_firmware.h"
-#include "model/text.h"
 #include "types/type0_bios_information.h"
 
 namespace kestrel {
@@ -52,8 +53,7 @@ std::string_view StringOf(const catalog::DecodedFields& fields, std::string_view
 }
 
 std::string TextOfScannedBios(const catalog::Structure& bios) {
-  const auto fields =
-      catalog::DecodeFields(bios, *catalog::FindStructureType(catalog::kBiosInformation));
+  const auto fields = catalog::DecodeFields(bios, *catalog::FindStructureType(kBiosInformation));
   const auto strings = bios.GetStrings();
   std::string text;
   Append(text,
@@ -93,10 +93,9 @@ std::vector<std::string> NotesOnTexts(const LibraryView& view) {
 
 std::string TextOfBios(const LibraryView& view) {
   const auto& structures = view.Scan.Structures;
-  const auto bios =
-      std::find_if(structures.begin(), structures.end(), [](const catalog::Structure& structure) {
-        return structure.Type == catalog::kBiosInformation;
-      });
+  const auto bios = std::find_if(
+      structures.begin(), structures.end(),
+      [](const catalog::Structure& structure) { return structure.Type == kBiosInformation; });
   if (bios != structures.end() && view.Comparison.Differs(bios->Offset)) {
     return TextOfScannedBios(*bios);
   }

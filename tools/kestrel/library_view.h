@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "base/smbios_table.h"
 #include "catalog/table_scan.h"
 #include "model/smbios_reader.h"
-#include "model/smbios_table.h"
 #include "tools/kestrel/walk_comparison.h"
 
 namespace kestrel {

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "model/smbios_table.h"
+#include "base/smbios_table.h"
 
 namespace kestrel {
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "base/text.h"
 #include "firmware/table_measure.h"
-#include "model/text.h"
 #include "sample/sample_table.h"
 #include "tools/kestrel/machine.h"
 #include "tools/kestrel/tool_error.h"

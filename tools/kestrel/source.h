@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "base/smbios_table.h"
 #include "firmware/image.h"
-#include "model/smbios_table.h"
 
 namespace kestrel {
 

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "model/table_cursor.h"
+#include "base/structure_header.h"
+#include "base/table_cursor.h"
 #include "model/table_walk.h"
 
 namespace kestrel {
@@ -14,7 +15,7 @@ namespace {
 constexpr std::size_t kShortestBiosInformation = 18;
 
 bool IsDropped(const catalog::Structure& structure) {
-  return structure.Type == catalog::kBiosInformation &&
+  return structure.Type == kBiosInformation &&
          structure.Formatted.size() < kShortestBiosInformation;
 }
 

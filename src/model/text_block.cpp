@@ -1,4 +1,4 @@
-#include "model/text.h"
+#include "model/text_block.h"
 
 #include <cstring>
 #include <utility>
@@ -50,21 +50,6 @@ char* CopyPieces(char* target, Pieces pieces) {
 }
 
 }  // namespace
-
-Digits Hex(std::uint64_t value, std::size_t width) {
-  Digits digits;
-  while (value != 0 || digits.Size() < width) {
-    digits.Prepend("0123456789ABCDEF"[value % 16]);
-    value /= 16;
-  }
-  return digits;
-}
-
-void Append(std::string& text, Pieces pieces) {
-  for (const std::string_view piece : pieces) {
-    text.append(piece);
-  }
-}
 
 ItemText::ItemText(Pieces pieces) : Size(SizeOf(pieces)) {
   if (Size <= Usual.size()) {

@@ -26,8 +26,6 @@ struct EntryPointFacts {
   // The entry point itself, at most 32 bytes, as the firmware wrote it.
   std::vector<std::uint8_t> Bytes;
   SmbiosVersion Version;
-  // 64-bit entry points only.
-  std::uint8_t DocRevision = 0;
   // Where the table lies in the memory, or the file, that the entry point belongs to.
   std::uint64_t TableAddress = 0;
   // The length of the table in bytes; for a 64-bit entry point the most that it may take.

@@ -1,4 +1,4 @@
-#include "model/table_cursor.h"
+#include "base/table_cursor.h"
 
 #include <gmock/gmock.h>
 
