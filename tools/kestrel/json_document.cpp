@@ -70,18 +70,12 @@ std::string TextOfUuid(std::span<const std::uint8_t> bytes, SmbiosVersion versio
 }
 
 std::string TextOfCharacters(std::span<const std::uint8_t> bytes) {
-  std::string text(bytes.begin(), bytes.end());
-  text.resize(text.find_last_not_of('\0') + 1);
-  return FromFirmware(text);
+  return FromFirmware(std::string(bytes.begin(), bytes.end()));
 }
 
 void AddCode(Json& object, std::uint64_t value, std::span<const catalog::Code> codes) {
-  const auto code = std::lower_bound(
-      codes.begin(), codes.end(), value,
-      [](const catalog::Code& row, std::uint64_t number) { return row.Value < number; });
-  const bool isListed = code != codes.end() && code->Value == value;
   Add(object, "code", value);
-  Add(object, "text", isListed ? Json(std::string(code->Text)) : Json());
+  Add(object, "text", TextOrNull(catalog::FindText(codes, value)));
 }
 
 Json CodeToJson(std::uint64_t value, std::span<const catalog::Code> codes) {
@@ -107,7 +101,7 @@ Json PartsToJson(std::uint64_t whole, std::span<const catalog::Part> parts) {
   Json json = Json::object();
   Add(json, "value", whole);
   for (const catalog::Part& part : parts) {
-    const std::uint64_t value = whole >> part.FirstBit & ((std::uint64_t{1} << part.Width) - 1);
+    const std::uint64_t value = ValueOf(part, whole);
     if (part.Key.empty()) {
       AddCode(json, value, part.Codes);
     } else if (part.Kind == catalog::PartKind::Code) {
@@ -120,9 +114,6 @@ Json PartsToJson(std::uint64_t whole, std::span<const catalog::Part> parts) {
 }
 
 Json QuantityToJson(const DecodedField& field) {
-  if (!field.IsKnown) {
-    return {};
-  }
   return field.Definition->Conversion.IsSigned ? Json(static_cast<std::int64_t>(field.Number))
                                                : Json(field.Number);
 }
@@ -142,6 +133,9 @@ class FieldWriter {
 
  private:
   Json ValueOf(const DecodedField& field) const {
+    if (!field.IsKnown) {
+      return {};
+    }
     const catalog::Field& definition = *field.Definition;
     switch (definition.Kind) {
       case FieldKind::Number:
