@@ -432,6 +432,7 @@ constexpr Field kProcessorInformation[] = {
     Number(0x2E, 2, "thread_count_2"),
     Number(0x30, 2, "thread_enabled"),
 };
+// That of 2.1 is in the conformance guidelines.
 constexpr LeastLength kProcessorInformationLengths[] = {
     {2, 0, 0x1A}, {2, 1, 0x20}, {2, 3, 0x23}, {2, 5, 0x28},
     {2, 6, 0x2A}, {3, 0, 0x30}, {3, 6, 0x32},
