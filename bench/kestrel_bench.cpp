@@ -1,5 +1,6 @@
 // Times the walk, the report and the MIF document, the scan and the JSON document over tables of
-// several sizes.
+// several sizes, and every command over tables that are made to take long: their time per byte of
+// the table does not grow with it.
 //
 // Of each it prints the time, the time per byte of the table, the size of the text, the time per
 // byte of it, and how often a memcpy of the text would fit into the time, measured in the same run:
@@ -26,6 +27,7 @@
 #include "model/smbios_reader.h"
 #include "sample/sample_table.h"
 #include "sample/table_builder.h"
+#include "tools/kestrel/commands.h"
 #include "tools/kestrel/json_document.h"
 
 namespace {
@@ -193,6 +195,37 @@ void TimeJson(benchmark::State& state) {
   Measure(state, table.Bytes.size(), [&] { return Json(table); });
 }
 
+// Half of it tiny structures and half of it lists of handles, all of which are 0.
+kestrel::SmbiosTable HostileTable(std::size_t kilobytes) {
+  const std::size_t size = kilobytes * 1024;
+  Table slots = {6, 8, 3, 3, 9, 12, 0, 0, 5, 2, 120};
+  slots.resize(slots.size() + 240);
+  kestrel::SmbiosTable table;
+  table.EntryPoint.TableLength = static_cast<std::uint32_t>(size);
+  // BIOS Information, without which a command refuses the table.
+  kestrel::AppendStructure(table.Bytes, 0, 0, Table(14), {});
+  while (table.Bytes.size() < size / 2) {
+    kestrel::AppendStructure(table.Bytes, 200, 0, {}, {});
+  }
+  while (table.Bytes.size() < size) {
+    kestrel::AppendStructure(table.Bytes, 5, 0, slots, {});
+  }
+  table.Bytes.resize(size);
+  return table;
+}
+
+void TimeCommand(benchmark::State& state, const kestrel::Command& command) {
+  const kestrel::SmbiosTable table = HostileTable(static_cast<std::size_t>(state.range(0)));
+  kestrel::CommandLine line;
+  line.Chosen = &command;
+  Measure(state, table.Bytes.size(), [&] {
+    std::vector<std::string> warnings;
+    kestrel::CommandRun run = {line, table, warnings};
+    benchmark::DoNotOptimize(command.MakeText(run).data());
+    return std::size_t{0};
+  });
+}
+
 // Announced counts that are true, or the same counts without entries.
 void TimeCounts(benchmark::State& state, std::uint8_t type, const Table& fields,
                 const std::vector<std::string_view>& strings) {
@@ -209,6 +242,14 @@ void RegisterBenchmarks() {
   }
   for (const auto& [name, function] : {std::pair{"scan", &TimeScan}, {"json", &TimeJson}}) {
     benchmark::RegisterBenchmark(name, function)->Arg(4)->Arg(64)->Arg(1024);
+  }
+  for (const kestrel::Command& command : kestrel::GetCommands()) {
+    benchmark::RegisterBenchmark((std::string("hostile ") + command.Name).c_str(),
+                                 [&](benchmark::State& state) { TimeCommand(state, command); })
+        ->Arg(64)
+        ->Arg(1024)
+        ->Arg(16 * 1024)
+        ->Unit(benchmark::kMillisecond);
   }
   // Memory Controller, OEM Strings and Memory Channel: the count at its place, then the list.
   const std::vector<std::string_view> strings(255, "x");

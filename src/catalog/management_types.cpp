@@ -172,7 +172,8 @@ constexpr Field kManagementControllerHostInterface[] = {
     NumberField(kFollows, 1, "number_of_protocol_records"),
     ListField(kFollows, "protocol_records", kProtocolRecords),
 };
-constexpr LeastLength kManagementControllerHostInterfaceLengths[] = {{2, 7, 0x05}, {3, 2, 0x07}};
+// The data of an interface takes four bytes at least.
+constexpr LeastLength kManagementControllerHostInterfaceLengths[] = {{2, 7, 0x09}, {3, 2, 0x0B}};
 
 // TPM Device (Type 43)
 

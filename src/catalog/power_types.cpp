@@ -225,7 +225,8 @@ constexpr Field kCoolingDevice[] = {
     QuantityField("nominal_speed_rpm", {.Unknown = kUnknownReading}),
     StringField(0x0E, "description"),
 };
-constexpr LeastLength kCoolingDeviceLengths[] = {{2, 2, 0x0C}, {2, 7, 0x0F}};
+// Version 2.7 adds a field, and still asks for 0Ch.
+constexpr LeastLength kCoolingDeviceLengths[] = {{2, 2, 0x0C}};
 
 // System Power Supply (Type 39)
 

@@ -458,6 +458,7 @@ constexpr Field kProcessorInformation[] = {
     NumberField(0x30, 2, "thread_enabled"),
     StringField(0x32, "socket_type"),
 };
+// That of 2.1 is in the conformance guidelines.
 constexpr LeastLength kProcessorInformationLengths[] = {
     {2, 0, 0x1A}, {2, 1, 0x20}, {2, 3, 0x23}, {2, 5, 0x28},
     {2, 6, 0x2A}, {3, 0, 0x30}, {3, 6, 0x32},

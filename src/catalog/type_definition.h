@@ -154,7 +154,9 @@ struct List {
   std::span<const Field> Fields;
 };
 
-// What a structure's Length is at least from a version of the standard on.
+// What a structure's Length is at least from a version of the standard on: what the Length row of
+// the type's table says, which may be less than the fields of that version take. The first row is
+// of the version that brought the type.
 struct LeastLength {
   std::uint8_t Major;
   std::uint8_t Minor;

@@ -173,8 +173,11 @@ TEST(JsonDocumentTest, EndsAtTheFirstFieldThatIsCut) {
 TEST(JsonDocumentTest, OrdersTheBytesOfAUuidByTheVersion) {
   const Bytes table =
       Structure(1, {0, 0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 6});
-  EXPECT_THAT(FieldsOf(table, 5),
-              testing::HasSubstr(R"("uuid": "00010203-0405-0607-0809-0A0B0C0D0E0F")"));
+  for (const std::uint8_t minorVersion : Bytes{5, 31, 33}) {
+    EXPECT_THAT(FieldsOf(table, minorVersion),
+                testing::HasSubstr(R"("uuid": "00010203-0405-0607-0809-0A0B0C0D0E0F")"));
+  }
+  EXPECT_THAT(FieldsOf(table, 51), testing::HasSubstr(R"("uuid": "03020100-0504-0706-0809-)"));
   for (const auto byte : {std::uint8_t{0}, std::uint8_t{0xFF}}) {
     EXPECT_THAT(FieldsOf(Structure(1, Bytes(20, byte))), testing::HasSubstr(R"("uuid": null})"));
   }

@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "catalog/decoder.h"
+#include "catalog/meant_version.h"
 #include "catalog/type_catalog.h"
 #include "tools/kestrel/windows_1252.h"
 
@@ -264,7 +265,7 @@ std::string MakeJsonDocument(const SmbiosTable& table, const catalog::TableScan&
         types.empty() || std::find(types.begin(), types.end(), structure.Type) != types.end();
     if (isWanted) {
       text.append(separator);
-      AppendJson(text, ToJson(structure, entryPoint.Version), 2);
+      AppendJson(text, ToJson(structure, catalog::MeantVersion(entryPoint.Version)), 2);
       separator = ",\n    ";
     }
   }
