@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/kestrel/output.h"
 #include "tools/kestrel/source.h"
 #include "tools/kestrel/tool_error.h"
 
@@ -25,8 +26,8 @@ struct Command {
   const char* Name;
   const char* Description;
   unsigned Options;
-  // Makes what the command writes.
-  std::string (*MakeText)(CommandRun& run);
+  // Does the command's work, and writes what it makes. Throws ToolError.
+  void (*Run)(CommandRun& run, Output& output);
   // What the help says after the options.
   const char* Details = "";
 };
