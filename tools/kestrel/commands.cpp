@@ -1,16 +1,22 @@
 #include "tools/kestrel/commands.h"
 
+#include <algorithm>
 #include <memory>
+#include <optional>
 #include <utility>
 
+#include "base/text.h"
 #include "catalog/table_scan.h"
 #include "tools/kestrel/console_text.h"
 #include "tools/kestrel/dump.h"
 #include "tools/kestrel/fault_list.h"
 #include "tools/kestrel/json_document.h"
+#include "tools/kestrel/keyword_values.h"
 #include "tools/kestrel/library_view.h"
 #include "tools/kestrel/output.h"
+#include "tools/kestrel/overview_text.h"
 #include "tools/kestrel/structure_list.h"
+#include "tools/kestrel/structure_text.h"
 #include "tools/kestrel/tool_error.h"
 
 namespace kestrel {
@@ -65,6 +71,51 @@ void WriteJson(CommandRun& run, Output& output) {
   output.Write(MakeJsonDocument(run.Table, scan, run.Line.Types));
 }
 
+void WriteOverview(CommandRun& run, Output& output) {
+  const LibraryView view = ViewAsLibrary(run.Table);
+  catalog::FaultList faults = catalog::FindFaults(run.Table, view.Scan);
+  AddWalkFaults(faults, view.Comparison);
+  Warn(run, NotesOnEnd(view.Scan));
+  const std::string text = OverviewText(Overview(view.Scan, run.Table.EntryPoint.Version), faults);
+  if (text.empty()) {
+    throw ToolError("the table says nothing of the machine: see what it has with 'kestrel list'");
+  }
+  output.Write(text);
+}
+
+bool IsWanted(std::span<const std::uint8_t> types, std::uint8_t type) {
+  return types.empty() || std::find(types.begin(), types.end(), type) != types.end();
+}
+
+void WriteShow(CommandRun& run, Output& output) {
+  const catalog::TableScan scan = catalog::ScanTable(run.Table);
+  Warn(run, NotesOnEnd(scan));
+  const std::optional<std::uint16_t> handle = run.Line.Handle;
+  StructureText text(scan, run.Table.EntryPoint.Version, output);
+  bool isAny = false;
+  for (const catalog::Structure& structure : scan.Structures) {
+    if (IsWanted(run.Line.Types, structure.Type) && (!handle || structure.Handle == handle)) {
+      text.Append(structure);
+      isAny = true;
+    }
+  }
+  if (handle && !isAny) {
+    throw ToolError(Join({"no structure has the handle ", Hex(*handle, 4),
+                          "h: see those that there are with 'kestrel list'"}));
+  }
+}
+
+void WriteValues(CommandRun& run, Output& output) {
+  const catalog::TableScan scan = catalog::ScanTable(run.Table);
+  bool isAny = false;
+  for (const Keyword* keyword : run.Line.Keywords) {
+    isAny = WriteKeyword(*keyword, scan, run.Table.EntryPoint.Version, output) || isAny;
+  }
+  if (!isAny) {
+    throw ToolError("the table has no such value: see what it has with 'kestrel show'");
+  }
+}
+
 void WriteDump(CommandRun& run, Output& output) { output.Write(DumpOf(run.Table)); }
 
 constexpr const char* kJsonSchema =
@@ -90,6 +141,10 @@ changes it is raised: a key that goes, or means something else, another text for
 a code or bit, another kind of value.)";
 
 constexpr Command kCommands[] = {
+    {"overview", "The machine on one screen", kTakesSource, WriteOverview},
+    {"show", "Every structure in words, by the current standard",
+     kTakesSource | kTakesTypes | kTakesHandle | kTakesOutput, WriteShow},
+    {"get", "Single values, for scripts", kTakesSource | kTakesKeywords, WriteValues},
     {"report", "The text report", kTakesSource | kTakesExact | kTakesOutput, WriteReport},
     {"mif", "The MIF document, as consoles read it", kTakesSource | kTakesOutput, WriteMif},
     {"bios", "Vendor, version and release date of the BIOS", kTakesSource, WriteBios},
