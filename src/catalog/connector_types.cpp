@@ -1,6 +1,6 @@
 // Connectors, slots, devices on the board and pointing devices.
 
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "catalog/well_formed.h"
 
 namespace kestrel::catalog {

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "catalog/derivation.h"
-#include "catalog/structure_type.h"
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
+#include "catalog/type_definition.h"
 
 namespace kestrel::catalog {
 

@@ -6,7 +6,7 @@
 #include <span>
 #include <variant>
 
-#include "catalog/structure_type.h"
+#include "catalog/type_definition.h"
 
 namespace kestrel::catalog {
 

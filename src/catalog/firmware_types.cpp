@@ -1,7 +1,7 @@
 // The firmware: what it is, what it logs, how it boots, and what it adds to other structures.
 
 #include "base/structure_header.h"
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "catalog/well_formed.h"
 
 namespace kestrel::catalog {

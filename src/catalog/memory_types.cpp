@@ -1,6 +1,6 @@
 // Memory: controllers and modules of old, arrays, devices, their addresses, channels and errors.
 
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "catalog/well_formed.h"
 
 namespace kestrel::catalog {

@@ -1,6 +1,6 @@
 // Batteries, power supplies, probes and cooling.
 
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "catalog/well_formed.h"
 
 namespace kestrel::catalog {

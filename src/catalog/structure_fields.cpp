@@ -5,7 +5,7 @@
 #include <variant>
 
 #include "base/table_cursor.h"
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 
 namespace kestrel::catalog {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "catalog/decoder.h"
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 
 namespace kestrel::catalog {
 

@@ -1,6 +1,6 @@
 // The system as a whole: makers, boards, enclosures, and what belongs together.
 
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "catalog/well_formed.h"
 
 namespace kestrel::catalog {

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <type_traits>
 
-#include "catalog/structure_type.h"
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
+#include "catalog/type_definition.h"
 
 // Faults of the data that would show as wrong output, found when a table of types is compiled:
 //

@@ -12,7 +12,7 @@
 
 #include "base/smbios_table.h"
 #include "catalog/structure_fields.h"
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 
 // The machine as its owner sees it, made of the decoded structures of a table.
 //

@@ -4,7 +4,7 @@
 
 #include "base/text.h"
 #include "catalog/structure_fields.h"
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "overview/placeholders.h"
 #include "tools/kestrel/value_text.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 
 namespace kestrel {
 

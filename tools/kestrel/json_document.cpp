@@ -8,7 +8,7 @@
 
 #include "base/text.h"
 #include "catalog/decoder.h"
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "tools/kestrel/windows_1252.h"
 
 namespace kestrel {

@@ -7,7 +7,7 @@
 
 #include "base/smbios_table.h"
 #include "catalog/structure_fields.h"
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 #include "tools/kestrel/output.h"
 
 namespace kestrel {

@@ -12,7 +12,7 @@
 #include "base/table_cursor.h"
 #include "base/text.h"
 #include "catalog/decoder.h"
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "catalog/uuid.h"
 #include "tools/kestrel/value_text.h"
 

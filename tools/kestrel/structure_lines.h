@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "base/smbios_table.h"
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 #include "tools/kestrel/handle_names.h"
 
 namespace kestrel {

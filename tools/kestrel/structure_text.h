@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/smbios_table.h"
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 #include "tools/kestrel/handle_names.h"
 #include "tools/kestrel/output.h"
 

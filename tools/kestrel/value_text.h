@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "catalog/derivation.h"
-#include "catalog/structure_type.h"
+#include "catalog/type_definition.h"
 
 // How keys and values of the catalog read for people, in texts and on pages. All texts are UTF-8
 // without control characters.

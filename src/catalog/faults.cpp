@@ -1,4 +1,4 @@
-#include "catalog/table_faults.h"
+#include "catalog/faults.h"
 
 #include <algorithm>
 #include <array>
@@ -10,7 +10,7 @@
 #include "base/table_cursor.h"
 #include "base/text.h"
 #include "catalog/decoder.h"
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 
 namespace kestrel::catalog {
 
