@@ -34,11 +34,6 @@ SmbiosTable Sample() {
   return table;
 }
 
-Bytes WithHandle(std::uint8_t handle, Bytes structure) {
-  structure[2] = handle;
-  return structure;
-}
-
 TEST(FaultListTest, FindsNothingWrongWithTheSample) { EXPECT_EQ(FaultsOf(Sample()), ""); }
 
 TEST(FaultListTest, FindsWhatIsWrongWithAnEntryPoint) {

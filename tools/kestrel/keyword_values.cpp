@@ -101,17 +101,22 @@ constexpr Keyword kKeywords[] = {
     {"processor-frequency", 4, "current_speed_hertz", QuantityValue},
 };
 
-// How many characters have to be put in, taken out or changed to make one text of the other.
-std::size_t DistanceOf(std::string_view left, std::string_view right) {
-  // The distances from the part of `left` so far to every first part of `right`.
-  std::vector<std::size_t> distances(right.size() + 1);
+// How far the name is from a keyword: a character that is missing counts once, one too many twice,
+// since people leave words out.
+std::size_t DistanceOf(std::string_view name, std::string_view keyword) {
+  constexpr std::size_t kMissing = 1;
+  constexpr std::size_t kTooMany = 2;
+  // From the part of the name so far to each first part of the keyword.
+  std::vector<std::size_t> distances(keyword.size() + 1);
   std::iota(distances.begin(), distances.end(), std::size_t{0});
-  for (std::size_t row = 0; row < left.size(); ++row) {
-    std::size_t diagonal = std::exchange(distances[0], row + 1);
-    for (std::size_t column = 0; column < right.size(); ++column) {
-      const std::size_t changed = diagonal + (left[row] == right[column] ? 0 : 1);
-      diagonal = distances[column + 1];
-      distances[column + 1] = std::min({changed, diagonal + 1, distances[column] + 1});
+  for (const char character : name) {
+    std::size_t before = distances[0];
+    distances[0] += kTooMany;
+    for (std::size_t column = 0; column < keyword.size(); ++column) {
+      const std::size_t other =
+          std::min(distances[column] + kMissing, distances[column + 1] + kTooMany);
+      const std::size_t same = character == keyword[column] ? before : other;
+      before = std::exchange(distances[column + 1], std::min(same, other));
     }
   }
   return distances.back();
@@ -130,7 +135,7 @@ const Keyword* FindKeyword(std::string_view name) {
 std::string_view NearestKeyword(std::string_view name) {
   return std::min_element(std::begin(kKeywords), std::end(kKeywords),
                           [name](const Keyword& left, const Keyword& right) {
-                            return DistanceOf(left.Name, name) < DistanceOf(right.Name, name);
+                            return DistanceOf(name, left.Name) < DistanceOf(name, right.Name);
                           })
       ->Name;
 }

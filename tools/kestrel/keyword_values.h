@@ -29,7 +29,7 @@ std::span<const Keyword> GetKeywords();
 // The keyword of that name, or nullptr.
 const Keyword* FindKeyword(std::string_view name);
 
-// The name of the keyword that takes the fewest changes to come from `name`.
+// The name of the keyword that is most like `name`.
 std::string_view NearestKeyword(std::string_view name);
 
 // Writes a line for each structure that has the value, in table order: UTF-8, with the line ends of
