@@ -202,12 +202,12 @@ void FaultFinder::CheckLength(const Structure& structure, const StructureType& t
 void FaultFinder::CheckFields(const Structure& structure, const DecodedFields& fields,
                               std::size_t strings) {
   for (const DecodedField& field : fields) {
-    if (field.Definition->FieldKind == Kind::String && field.Number > strings) {
+    if (field.Definition->Kind == FieldKind::String && field.Number > strings) {
       AddTo(structure, Severity::Error, "string",
             Join({field.Definition->Key, " names string ", Decimal(field.Number), " of ",
                   Decimal(strings)}));
     }
-    if (field.Definition->FieldKind == Kind::Handle) {
+    if (field.Definition->Kind == FieldKind::Handle) {
       CheckHandle(structure, field);
     }
     for (const DecodedFields& entry : field.Entries) {

@@ -30,10 +30,10 @@ constexpr Code kAddressTypes[] = {
 };
 
 constexpr Field kManagementDevice[] = {
-    String(0x04, "description"),
-    CodeOf(0x05, 1, "type", kManagementDeviceTypes),
-    Number(0x06, 4, "address"),
-    CodeOf(0x0A, 1, "address_type", kAddressTypes),
+    StringField(0x04, "description"),
+    CodeField(0x05, 1, "type", kManagementDeviceTypes),
+    NumberField(0x06, 4, "address"),
+    CodeField(0x0A, 1, "address_type", kAddressTypes),
 };
 constexpr LeastLength kManagementDeviceLengths[] = {{2, 3, 0x0B}};
 
@@ -44,22 +44,25 @@ constexpr std::uint8_t kComponents[] = {26, 27, 28, 29};
 constexpr std::uint8_t kThresholds[] = {36};
 
 constexpr Field kManagementDeviceComponent[] = {
-    String(0x04, "description"),
-    Handle(0x05, "management_device_handle", kManagementDevices),
-    Handle(0x07, "component_handle", kComponents),
-    Handle(0x09, "threshold_handle", kThresholds),
+    StringField(0x04, "description"),
+    HandleField(0x05, "management_device_handle", kManagementDevices),
+    HandleField(0x07, "component_handle", kComponents),
+    HandleField(0x09, "threshold_handle", kThresholds),
 };
 constexpr LeastLength kManagementDeviceComponentLengths[] = {{2, 3, 0x0B}};
 
 // Management Device Threshold Data (Type 36)
 
+// In the units of the probe's own values, which follow the same rule.
+constexpr ConversionRule kThreshold = {.IsSigned = true, .Unknown = 0x8000};
+
 constexpr Field kManagementDeviceThresholdData[] = {
-    Number(0x04, 2, "lower_threshold_non_critical"),
-    Number(0x06, 2, "upper_threshold_non_critical"),
-    Number(0x08, 2, "lower_threshold_critical"),
-    Number(0x0A, 2, "upper_threshold_critical"),
-    Number(0x0C, 2, "lower_threshold_non_recoverable"),
-    Number(0x0E, 2, "upper_threshold_non_recoverable"),
+    QuantityField(0x04, 2, "lower_threshold_non_critical", kThreshold),
+    QuantityField(0x06, 2, "upper_threshold_non_critical", kThreshold),
+    QuantityField(0x08, 2, "lower_threshold_critical", kThreshold),
+    QuantityField(0x0A, 2, "upper_threshold_critical", kThreshold),
+    QuantityField(0x0C, 2, "lower_threshold_non_recoverable", kThreshold),
+    QuantityField(0x0E, 2, "upper_threshold_non_recoverable", kThreshold),
 };
 constexpr LeastLength kManagementDeviceThresholdDataLengths[] = {{2, 3, 0x10}};
 
@@ -93,14 +96,31 @@ constexpr Part kBaseAddressModifier[] = {
     CodePart("register_spacing", 6, 2, kRegisterSpacings),
 };
 
+constexpr Code kBaseAddressSpaces[] = {{0, "Memory-mapped"}, {1, "I/O"}};
+
+// The address of an SSIF interface is one of the SMBus instead.
+constexpr std::optional<std::uint64_t> BaseAddressSpace(std::uint64_t number,
+                                                        const OtherNumbers& others) {
+  constexpr std::uint64_t kSsif = 4;
+  return others[0] != kSsif ? std::optional(number & 1U) : std::nullopt;
+}
+
+constexpr std::optional<std::uint64_t> SevenBitAddress(std::uint64_t number,
+                                                       const OtherNumbers& /*others*/) {
+  return number >> 1;
+}
+
 constexpr Field kIpmiDeviceInformation[] = {
-    CodeOf(0x04, 1, "interface_type", kBmcInterfaceTypes),
-    PartsOf(0x05, 1, "ipmi_specification_revision", kIpmiRevision),
-    Number(0x06, 1, "i2c_target_address"),
-    Number(0x07, 1, "nv_storage_device_address"),
-    Number(0x08, 8, "base_address"),
-    PartsOf(0x10, 1, "base_address_modifier_interrupt_info", kBaseAddressModifier),
-    Number(0x11, 1, "interrupt_number"),
+    CodeField(0x04, 1, "interface_type", kBmcInterfaceTypes),
+    PartsField(0x05, 1, "ipmi_specification_revision", kIpmiRevision),
+    NumberField(0x06, 1, "i2c_target_address"),
+    QuantityField("i2c_target_address_7_bit", {.Convert = SevenBitAddress}),
+    NumberField(0x07, 1, "nv_storage_device_address"),
+    NumberField(0x08, 8, "base_address"),
+    CodeField("base_address_space", kBaseAddressSpaces,
+              {.Convert = BaseAddressSpace, .Others = {{0x04, 1}}}),
+    PartsField(0x10, 1, "base_address_modifier_interrupt_info", kBaseAddressModifier),
+    NumberField(0x11, 1, "interrupt_number"),
 };
 constexpr LeastLength kIpmiDeviceInformationLengths[] = {{2, 3, 0x10}};
 
@@ -114,6 +134,14 @@ constexpr Code kHostInterfaceTypes[] = {
     {0x06, "16650/16650A UART Register Compatible"},
     {0x07, "16750/16750A UART Register Compatible"},
     {0x08, "16850/16850A UART Register Compatible"},
+    {0x09, "I2C/SMBus"},
+    {0x0A, "I3C"},
+    {0x0B, "PCIe VDM"},
+    {0x0C, "MMBI"},
+    {0x0D, "PCC"},
+    {0x0E, "UCIe"},
+    {0x0F, "USB"},
+    {0x10, "MCTP Host Interface", 0x3F},
     {0x40, "Network Host Interface"},
     {0xF0, "OEM-defined"},
 };
@@ -126,9 +154,9 @@ constexpr Code kHostInterfaceProtocols[] = {
 };
 
 constexpr Field kProtocolRecord[] = {
-    CodeOf(0x00, 1, "protocol_type", kHostInterfaceProtocols),
-    Number(0x01, 1, "protocol_type_specific_data_length"),
-    BytesOfLength(0x02, "protocol_type_specific_data", 0x01),
+    CodeField(0x00, 1, "protocol_type", kHostInterfaceProtocols),
+    NumberField(0x01, 1, "protocol_type_specific_data_length"),
+    CountedBytesField(0x02, "protocol_type_specific_data", 0x01),
 };
 
 constexpr List kProtocolRecords = {
@@ -138,11 +166,11 @@ constexpr List kProtocolRecords = {
 };
 
 constexpr Field kManagementControllerHostInterface[] = {
-    CodeOf(0x04, 1, "interface_type", kHostInterfaceTypes),
-    Number(0x05, 1, "interface_type_specific_data_length"),
-    BytesOfLength(0x06, "interface_type_specific_data", 0x05),
-    Number(kFollows, 1, "number_of_protocol_records"),
-    ListOf(kFollows, "protocol_records", kProtocolRecords),
+    CodeField(0x04, 1, "interface_type", kHostInterfaceTypes),
+    NumberField(0x05, 1, "interface_type_specific_data_length"),
+    CountedBytesField(0x06, "interface_type_specific_data", 0x05),
+    NumberField(kFollows, 1, "number_of_protocol_records"),
+    ListField(kFollows, "protocol_records", kProtocolRecords),
 };
 constexpr LeastLength kManagementControllerHostInterfaceLengths[] = {{2, 7, 0x05}, {3, 2, 0x07}};
 
@@ -156,14 +184,14 @@ constexpr Bit kTpmCharacteristics[] = {
 };
 
 constexpr Field kTpmDevice[] = {
-    Characters(0x04, 4, "vendor_id"),
-    Number(0x08, 1, "major_spec_version"),
-    Number(0x09, 1, "minor_spec_version"),
-    Number(0x0A, 4, "firmware_version_1"),
-    Number(0x0E, 4, "firmware_version_2"),
-    String(0x12, "description"),
-    BitsOf(0x13, 8, "characteristics", kTpmCharacteristics),
-    Number(0x1B, 4, "oem_defined"),
+    CharactersField(0x04, 4, "vendor_id"),
+    NumberField(0x08, 1, "major_spec_version"),
+    NumberField(0x09, 1, "minor_spec_version"),
+    NumberField(0x0A, 4, "firmware_version_1"),
+    NumberField(0x0E, 4, "firmware_version_2"),
+    StringField(0x12, "description"),
+    BitsField(0x13, 8, "characteristics", kTpmCharacteristics),
+    NumberField(0x1B, 4, "oem_defined"),
 };
 constexpr LeastLength kTpmDeviceLengths[] = {{3, 1, 0x1F}};
 
