@@ -1,8 +1,6 @@
 #include "catalog/structure_fields.h"
 
 #include <algorithm>
-#include <span>
-#include <variant>
 
 #include "base/table_cursor.h"
 #include "catalog/type_catalog.h"
@@ -14,13 +12,6 @@ namespace {
 DecodedFields FieldsOf(const Structure& structure) {
   const StructureType* type = FindStructureType(structure.Type);
   return type != nullptr ? DecodeFields(structure, *type) : DecodedFields();
-}
-
-std::string_view TextOfCode(std::span<const Code> codes, std::uint64_t value) {
-  const auto code =
-      std::lower_bound(codes.begin(), codes.end(), value,
-                       [](const Code& row, std::uint64_t number) { return row.Value < number; });
-  return code != codes.end() && code->Value == value ? code->Text : std::string_view();
 }
 
 }  // namespace
@@ -42,10 +33,7 @@ std::optional<std::uint64_t> StructureFields::GetNumber(std::string_view key) co
 
 std::optional<std::uint64_t> StructureFields::GetQuantity(std::string_view key) const {
   const DecodedField* field = Find(key);
-  if (field == nullptr || !field->Derived) {
-    return std::nullopt;
-  }
-  return std::get<std::uint64_t>(*field->Derived);
+  return field != nullptr && field->IsKnown ? std::optional(field->Number) : std::nullopt;
 }
 
 std::string_view StructureFields::GetString(std::string_view key) const {
@@ -64,10 +52,10 @@ std::string_view StructureFields::GetCodeText(std::string_view key) const {
   }
   for (const Part& part : field->Definition->Parts) {
     if (part.Key.empty()) {
-      return TextOfCode(part.Codes, field->Number & ((1U << part.Width) - 1));
+      return FindText(part.Codes, ValueOf(part, field->Number));
     }
   }
-  return TextOfCode(field->Definition->Codes, field->Number);
+  return FindText(field->Definition->Codes, field->Number);
 }
 
 std::optional<bool> StructureFields::GetBit(std::string_view key, std::uint8_t bit) const {

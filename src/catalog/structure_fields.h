@@ -25,7 +25,7 @@ class StructureFields {
   std::optional<std::uint64_t> GetQuantity(std::string_view key) const;
   // The string that the field names.
   std::string_view GetString(std::string_view key) const;
-  // The characters that stand in the field, without zeros at the end.
+  // The characters that stand in the field.
   std::string_view GetCharacters(std::string_view key) const;
   // The published text of a code, also of one that shares its field with flags.
   std::string_view GetCodeText(std::string_view key) const;

@@ -1,6 +1,5 @@
 #include "catalog/uuid.h"
 
-#include <algorithm>
 #include <cstddef>
 
 #include "base/text.h"
@@ -18,12 +17,6 @@ std::string TextOfUuid(std::span<const std::uint8_t> bytes, SmbiosVersion versio
     text.append(Hex(bytes[isLittleEndian ? kLittleEndian[index] : index], 2));
   }
   return text;
-}
-
-bool IsNoUuid(std::span<const std::uint8_t> bytes) {
-  const auto isFirst = [bytes](std::uint8_t byte) { return byte == bytes.front(); };
-  return !bytes.empty() && (bytes.front() == 0 || bytes.front() == 0xFF) &&
-         std::all_of(bytes.begin(), bytes.end(), isFirst);
 }
 
 }  // namespace kestrel::catalog

@@ -12,7 +12,4 @@ namespace kestrel::catalog {
 // the first three fields are little-endian. Source: DMTF DSP0134, "System - UUID".
 std::string TextOfUuid(std::span<const std::uint8_t> bytes, SmbiosVersion version);
 
-// Whether the bytes say that there is no UUID: all zeros, it is not set; all ones, there is none.
-bool IsNoUuid(std::span<const std::uint8_t> bytes);
-
 }  // namespace kestrel::catalog

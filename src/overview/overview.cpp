@@ -208,8 +208,9 @@ SystemFacts Overview::GetSystem() const {
       .ProductName = TextOf(fields, "product_name"),
       .Version = TextOf(fields, "version"),
       .SerialNumber = TextOf(fields, "serial_number"),
-      .Uuid = std::string(WithoutPlaceholder(
-          uuid != nullptr ? catalog::TextOfUuid(uuid->Bytes, Version) : std::string())),
+      .Uuid = std::string(WithoutPlaceholder(uuid != nullptr && uuid->IsKnown
+                                                 ? catalog::TextOfUuid(uuid->Bytes, Version)
+                                                 : std::string())),
       .SkuNumber = TextOf(fields, "sku_number"),
       .Family = TextOf(fields, "family"),
   };

@@ -104,24 +104,24 @@ OEM, type 200, handle 0000h, at 00AEh
 TEST(StructureTextTest, WritesQuantitiesInTheUnitsOfPeople) {
   const struct {
     std::string_view Key;
-    catalog::Quantity Quantity;
+    std::int64_t Number;
     std::string_view Text;
   } cases[] = {
-      {"size_bytes", std::uint64_t{0}, "0 bytes"},
-      {"size_bytes", std::uint64_t{1}, "1 byte"},
-      {"size_bytes", std::uint64_t{1536} << 20, "1536 MiB"},
-      {"size_bytes", std::uint64_t{1} << 63, "8 EiB"},
-      {"address_bytes", std::uint64_t{0xFF}, "000000FFh"},
-      {"cores", std::uint64_t{8}, "8"},
-      {"width_bits", std::uint64_t{72}, "72 bits"},
-      {"speed_hertz", std::uint64_t{66500000}, "66.5 MHz"},
-      {"accuracy_parts_per_million", std::int64_t{5}, "0.0005 %"},
-      {"value_millivolts", std::int64_t{-12050}, "-12.05 V"},
-      {"value_millivolts", std::int64_t{0}, "0 V"},
-      {"capacity_milliwatt_hours", std::uint64_t{50500}, "50.5 Wh"},
+      {"size_bytes", 0, "0 bytes"},
+      {"size_bytes", 1, "1 byte"},
+      {"size_bytes", std::int64_t{1536} << 20, "1536 MiB"},
+      {"size_bytes", std::int64_t{1} << 62, "4 EiB"},
+      {"address_bytes", 0xFF, "000000FFh"},
+      {"cores", 8, "8"},
+      {"width_bits", 72, "72 bits"},
+      {"speed_hertz", 66500000, "66.5 MHz"},
+      {"accuracy_parts_per_million", 5, "0.0005 %"},
+      {"value_millivolts", -12050, "-12.05 V"},
+      {"value_millivolts", 0, "0 V"},
+      {"capacity_milliwatt_hours", 50500, "50.5 Wh"},
   };
   for (const auto& test : cases) {
-    EXPECT_EQ(TextOfQuantity(test.Key, test.Quantity), test.Text);
+    EXPECT_EQ(TextOfQuantity(test.Key, static_cast<std::uint64_t>(test.Number), true), test.Text);
   }
 }
 

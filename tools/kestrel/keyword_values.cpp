@@ -39,7 +39,7 @@ std::string ReleaseValue(const StructureFields& fields, std::string_view key,
 
 std::string UuidValue(const StructureFields& fields, std::string_view key, SmbiosVersion version) {
   const catalog::DecodedField* field = fields.Find(key);
-  if (field == nullptr || catalog::IsNoUuid(field->Bytes)) {
+  if (field == nullptr || !field->IsKnown) {
     return {};
   }
   std::string text = catalog::TextOfUuid(field->Bytes, version);

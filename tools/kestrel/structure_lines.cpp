@@ -22,8 +22,9 @@ namespace {
 
 using catalog::DecodedField;
 using catalog::DecodedFields;
-using catalog::Kind;
+using catalog::FieldKind;
 using catalog::Part;
+using catalog::PartKind;
 using catalog::Structure;
 
 // Handles that name no structure: there is none, or the firmware does not say which.
@@ -42,41 +43,44 @@ std::string_view WithoutEnding(std::string_view key, std::string_view ending) {
   return key.ends_with(ending) ? key.substr(0, key.size() - ending.size()) : key;
 }
 
-std::uint64_t ValueOfPart(const Part& part, std::uint64_t whole) {
-  return whole >> part.FirstBit & ((std::uint64_t{1} << part.Width) - 1);
-}
-
 std::string TextOfPart(const Part& part, std::uint64_t whole) {
   constexpr std::size_t kWidth = 1;
-  const std::uint64_t value = ValueOfPart(part, whole);
-  switch (part.PartKind) {
-    case Part::Kind::Flag:
+  const std::uint64_t value = ValueOf(part, whole);
+  switch (part.Kind) {
+    case PartKind::Flag:
       return value != 0 ? "yes" : "no";
-    case Part::Kind::Code:
+    case PartKind::Code:
       return TextOfCode(part.Codes, value, kWidth);
-    case Part::Kind::Number:
+    case PartKind::Number:
       break;
   }
   return TextOfNumber(part.Key, value, kWidth);
 }
 
-std::string TextOfUuidOrNone(std::span<const std::uint8_t> bytes, SmbiosVersion version) {
-  if (catalog::IsNoUuid(bytes)) {
-    return bytes.front() == 0 ? "not set" : "not present";
-  }
-  return catalog::TextOfUuid(bytes, version);
+std::string TextOf(const DecodedField& quantity) {
+  const catalog::Field& definition = *quantity.Definition;
+  return quantity.IsKnown
+             ? TextOfQuantity(definition.Key, quantity.Number, definition.Conversion.IsSigned)
+             : "unknown";
 }
 
-// The offsets of fields of which a quantity of another field is made.
-std::bitset<256> OffsetsOfOperands(const DecodedFields& fields) {
+bool IsQuantity(const DecodedField& field) { return field.Definition->Kind == FieldKind::Quantity; }
+
+// The offsets of fields that hold more of a number before them, for which the quantity stands that
+// is made of both.
+std::bitset<256> OffsetsOfExtensions(std::span<const DecodedField> fields) {
   std::bitset<256> offsets;
+  std::uint8_t offset = 0;
   for (const DecodedField& field : fields) {
-    if (field.Definition->FieldKind == Kind::Derived) {
-      offsets.set(field.Definition->Derived->Second);
+    if (!IsMadeOfNumberBefore(*field.Definition)) {
+      offset = field.Definition->Offset;
+    } else if (IsQuantity(field)) {
+      for (const catalog::NumberPlace& place : field.Definition->Conversion.Others) {
+        offsets.set(place.Offset, offsets.test(place.Offset) || place.Offset > offset);
+      }
     }
   }
-  // A field at offset 0 has none.
-  return offsets.reset(0);
+  return offsets;
 }
 
 // Makes the lines of one structure.
@@ -98,10 +102,11 @@ class LineMaker {
   }
 
  private:
-  void AddFields(const DecodedFields& fields, std::size_t depth, bool isEntry);
+  void AddFields(std::span<const DecodedField> fields, std::size_t depth, bool isEntry);
   void AddField(const DecodedField& field, const StructureLine& line);
-  void AddQuantity(const DecodedField& field, const DecodedField& quantity,
-                   const StructureLine& line);
+  // A field, and what is made of its number.
+  void AddNumber(const DecodedField& field, std::span<const DecodedField> madeOfIt,
+                 const StructureLine& line);
   void AddBits(const DecodedField& field, const StructureLine& line);
   void AddParts(const DecodedField& field, StructureLine line);
   void AddHandle(const DecodedField& field, StructureLine line);
@@ -127,77 +132,91 @@ class LineMaker {
   std::map<std::uint64_t, std::string> NamedStrings;
 };
 
-void LineMaker::AddFields(const DecodedFields& fields, std::size_t depth, bool isEntry) {
-  const std::bitset<256> operands = OffsetsOfOperands(fields);
+void LineMaker::AddFields(std::span<const DecodedField> fields, std::size_t depth, bool isEntry) {
+  const std::bitset<256> extensions = OffsetsOfExtensions(fields);
   StructureLine line = {.Depth = depth, .BeginsEntry = isEntry};
-  for (std::size_t index = 0; index < fields.size(); ++index) {
-    const DecodedField& field = fields[index];
+  while (!fields.empty()) {
+    const DecodedField& field = fields.front();
     const catalog::Field& definition = *field.Definition;
-    if (operands.test(definition.Offset)) {
+    const auto end = std::find_if(fields.begin() + 1, fields.end(), [](const DecodedField& next) {
+      return !IsMadeOfNumberBefore(*next.Definition);
+    });
+    const auto madeOfIt = std::span(fields.begin() + 1, end);
+    fields = fields.last(fields.size() - 1 - madeOfIt.size());
+    if (extensions.test(definition.Offset)) {
       continue;
     }
     const std::string label =
-        LabelOf(definition.FieldKind == Kind::Handle ? WithoutEnding(definition.Key, "_handle")
+        LabelOf(definition.Kind == FieldKind::Handle ? WithoutEnding(definition.Key, "_handle")
                                                      : definition.Key);
     line.Label = label;
-    const bool hasQuantity =
-        index + 1 < fields.size() && fields[index + 1].Definition->FieldKind == Kind::Derived;
-    if (hasQuantity) {
-      AddQuantity(field, fields[++index], line);
-    } else {
-      AddField(field, line);
-    }
+    AddNumber(field, madeOfIt, line);
     line.BeginsEntry = false;
   }
 }
 
 void LineMaker::AddField(const DecodedField& field, const StructureLine& line) {
   const catalog::Field& definition = *field.Definition;
-  switch (definition.FieldKind) {
-    case Kind::Number:
+  switch (definition.Kind) {
+    case FieldKind::Number:
       Add(line, TextOfNumber(definition.Key, field.Number, field.Bytes.size()));
       break;
-    case Kind::String:
+    case FieldKind::String:
       AddString(field, line);
       break;
-    case Kind::Code:
+    case FieldKind::Code:
       Add(line, TextOfCode(definition.Codes, field.Number, field.Bytes.size()));
       break;
-    case Kind::Bits:
+    case FieldKind::Bits:
       AddBits(field, line);
       break;
-    case Kind::Parts:
+    case FieldKind::Parts:
       AddParts(field, line);
       break;
-    case Kind::Handle:
+    case FieldKind::Handle:
       AddHandle(field, line);
       break;
-    case Kind::Uuid:
-      Add(line, TextOfUuidOrNone(field.Bytes, Version));
+    case FieldKind::Uuid:
+      Add(line, field.IsKnown              ? catalog::TextOfUuid(field.Bytes, Version)
+                : field.Bytes.front() == 0 ? "not set"
+                                           : "not present");
       break;
-    case Kind::Characters:
+    case FieldKind::Characters:
       Add(line, WithoutBlanks(TextOfFirmware(TableCursor(field.Bytes).String())));
       break;
-    case Kind::Bytes:
+    case FieldKind::Bytes:
       AddBytes(field.Bytes, line);
       break;
-    case Kind::List:
+    case FieldKind::List:
       AddList(field, line);
       break;
-    case Kind::Reserved:
-    case Kind::Derived:
+    case FieldKind::Quantity:
+      Add(line, TextOf(field));
+      break;
+    case FieldKind::Reserved:
       break;
   }
 }
 
-void LineMaker::AddQuantity(const DecodedField& field, const DecodedField& quantity,
-                            const StructureLine& line) {
-  Add(line,
-      quantity.Derived ? TextOfQuantity(quantity.Definition->Key, *quantity.Derived) : "unknown");
-  // Beside the number there may be flags.
-  for (const Part& part : field.Definition->Parts) {
-    if (part.PartKind != Part::Kind::Number) {
-      AddBelow(line, LabelOf(part.Key), TextOfPart(part, field.Number));
+void LineMaker::AddNumber(const DecodedField& field, std::span<const DecodedField> madeOfIt,
+                          const StructureLine& line) {
+  const auto quantities = std::count_if(madeOfIt.begin(), madeOfIt.end(), IsQuantity);
+  const auto isKnown = [](const DecodedField& other) { return IsQuantity(other) && other.IsKnown; };
+  if (quantities == 1) {
+    Add(line, TextOf(*std::find_if(madeOfIt.begin(), madeOfIt.end(), IsQuantity)));
+    // Beside the number there may be flags.
+    for (const Part& part : field.Definition->Parts) {
+      if (part.Kind != PartKind::Number) {
+        AddBelow(line, LabelOf(part.Key), TextOfPart(part, field.Number));
+      }
+    }
+  } else if (std::none_of(madeOfIt.begin(), madeOfIt.end(), isKnown)) {
+    AddField(field, line);
+  }
+  for (const DecodedField& other : madeOfIt) {
+    if (other.IsKnown && !(quantities == 1 && IsQuantity(other))) {
+      const std::string label = LabelOf(other.Definition->Key);
+      AddField(other, {.Depth = line.Depth, .Label = label});
     }
   }
 }

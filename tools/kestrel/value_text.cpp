@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <iterator>
 #include <utility>
-#include <variant>
 
 #include "base/text.h"
+#include "catalog/type_catalog.h"
 #include "tools/kestrel/windows_1252.h"
 
 namespace kestrel {
@@ -23,8 +23,8 @@ constexpr std::pair<std::string_view, std::string_view> kAcronyms[] = {
 
 // Words of the keys whose numbers are hexadecimal.
 constexpr std::string_view kHexadecimal[] = {
-    "address", "bis",      "bus",         "checksum", "firmware_version", "id",    "oem",
-    "offset",  "revision", "sbds_serial", "segment",  "syndrome",         "token",
+    "address", "bis",  "bus",      "checksum",    "firmware_version", "id",       "oem",
+    "offset",  "port", "revision", "sbds_serial", "segment",          "syndrome", "token",
 };
 
 // What keys of quantities end in. A shown number has `Decimals` digits after the point at most, the
@@ -46,6 +46,7 @@ constexpr Unit kUnits[] = {
     {"_milliwatt_hours", 3, " Wh"},
     {"_nanoseconds", 0, " ns"},
     {"_parts_per_million", 4, " %"},
+    {"_percent", 0, " %"},
     {"_rpm", 0, " rpm"},
     {"_seconds", 0, " s"},
     {"_watts", 0, " W"},
@@ -127,25 +128,21 @@ std::string TextOfSize(std::uint64_t bytes) {
   return Join({Decimal(bytes), bytes == 1 && unit == std::begin(kSizes) ? " byte" : *unit});
 }
 
-std::string TextOfQuantity(std::string_view key, const catalog::Quantity& quantity) {
-  const bool isNegative =
-      std::holds_alternative<std::int64_t>(quantity) && std::get<std::int64_t>(quantity) < 0;
-  const auto number =
-      std::visit([](auto value) { return static_cast<std::uint64_t>(value); }, quantity);
-  if (HasWord(key, "address")) {
+std::string TextOfQuantity(std::string_view key, std::uint64_t number, bool isSigned) {
+  if (IsHexadecimal(key)) {
     constexpr std::size_t kAddressWidth = 4;
-    return HexadecimalOf(number, kAddressWidth);
+    return HexadecimalOf(number, key.ends_with("_bytes") ? kAddressWidth : number > 0xFF ? 2 : 1);
   }
   if (key.ends_with("_bytes")) {
     return TextOfSize(number);
   }
-  const auto* unit = std::find_if(std::begin(kUnits), std::end(kUnits),
-                                  [key](const Unit& row) { return key.ends_with(row.Ending); });
-  if (unit == std::end(kUnits)) {
-    return Join({Decimal(number)});
-  }
+  constexpr Unit kNone = {"", 0, ""};
+  const auto* found = std::find_if(std::begin(kUnits), std::end(kUnits),
+                                   [key](const Unit& row) { return key.ends_with(row.Ending); });
+  const Unit& unit = found != std::end(kUnits) ? *found : kNone;
+  const bool isNegative = isSigned && static_cast<std::int64_t>(number) < 0;
   return Join({isNegative ? "-" : "",
-               TextOfDecimal(isNegative ? 0 - number : number, unit->Decimals), unit->Text});
+               TextOfDecimal(isNegative ? 0 - number : number, unit.Decimals), unit.Text});
 }
 
 std::string TextOfNumber(std::string_view key, std::uint64_t number, std::size_t width) {
@@ -154,11 +151,8 @@ std::string TextOfNumber(std::string_view key, std::uint64_t number, std::size_t
 
 std::string TextOfCode(std::span<const catalog::Code> codes, std::uint64_t code,
                        std::size_t width) {
-  const auto known = std::lower_bound(
-      codes.begin(), codes.end(), code,
-      [](const catalog::Code& row, std::uint64_t number) { return row.Value < number; });
-  return known != codes.end() && known->Value == code ? std::string(known->Text)
-                                                      : HexadecimalOf(code, width);
+  const std::string_view text = catalog::FindText(codes, code);
+  return text.empty() ? HexadecimalOf(code, width) : std::string(text);
 }
 
 std::string TextOfBytes(std::span<const std::uint8_t> bytes) {

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "catalog/derivation.h"
 #include "catalog/type_definition.h"
 
 // How keys and values of the catalog read for people, in texts and on pages. All texts are UTF-8
@@ -22,8 +21,9 @@ std::string TextOfFirmware(std::string_view bytes);
 // A number with the unit in which it is whole: "16 GiB", "1536 MiB", "1 byte".
 std::string TextOfSize(std::uint64_t bytes);
 
-// A quantity in the unit that people use for it, which its key tells: "3200 MT/s", "-5 °C".
-std::string TextOfQuantity(std::string_view key, const catalog::Quantity& quantity);
+// A quantity in the unit that people use for it, which its key tells: "3200 MT/s", "-5 °C". Signed
+// numbers are those of an std::int64_t.
+std::string TextOfQuantity(std::string_view key, std::uint64_t number, bool isSigned = false);
 
 // Decimal, or hexadecimal where the key is that of an address, an identifier or the like. `width`
 // is that of the field, in bytes.
