@@ -49,8 +49,11 @@ Texts Render(const SmbiosTable& table) {
     line.Chosen = &command;
     std::vector<std::string> warnings;
     CommandRun run = {line, table, warnings};
+    TextOutput output;
     try {
-      texts[command.Name] = command.MakeText(run);
+      command.Run(run, output);
+      output.Finish();
+      texts[command.Name] = output.GetText();
     } catch (const ToolError& error) {
       warnings.emplace_back(error.what());
     }

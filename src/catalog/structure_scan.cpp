@@ -33,16 +33,28 @@ std::size_t Structure::GetEnd() const {
 
 std::vector<std::string_view> Structure::GetStrings() const {
   std::vector<std::string_view> strings;
+  ForEachString([&strings](std::string_view text) { strings.push_back(text); });
+  return strings;
+}
+
+void Structure::ForEachString(const std::function<void(std::string_view)>& take) const {
   TableCursor cursor(StringSet);
   // A set without strings is a single zero.
   if (StringSet.size() == 1 && cursor.Peek() == 0) {
-    return strings;
+    return;
   }
   while (!cursor.IsAtEnd()) {
-    strings.push_back(cursor.String());
+    take(cursor.String());
     cursor.SkipString();
   }
-  return strings;
+}
+
+std::string_view Structure::GetString(std::uint64_t number) const {
+  TableCursor cursor(StringSet);
+  for (std::uint64_t before = 1; before < number && !cursor.IsAtEnd(); ++before) {
+    cursor.SkipString();
+  }
+  return number != 0 ? cursor.String() : std::string_view();
 }
 
 TableScan ScanTable(std::span<const std::uint8_t> table, EndRule rule) {

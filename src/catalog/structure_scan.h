@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,10 @@ struct Structure {
   std::size_t GetEnd() const;
   // In order, so that string number 1 comes first. Only the first string may be empty.
   std::vector<std::string_view> GetStrings() const;
+  // The same, one after the other, for a set of millions of strings.
+  void ForEachString(const std::function<void(std::string_view)>& take) const;
+  // The string of that number, from 1 on; empty where there is none.
+  std::string_view GetString(std::uint64_t number) const;
 };
 
 // What ends a scan before the bytes do.

@@ -39,6 +39,11 @@ Bytes Structure(std::uint8_t type, const Bytes& fields,
   return bytes;
 }
 
+Bytes WithHandle(std::uint8_t handle, Bytes structure) {
+  structure[2] = handle;
+  return structure;
+}
+
 Bytes Join(std::initializer_list<Bytes> parts) {
   Bytes joined;
   for (const Bytes& part : parts) {

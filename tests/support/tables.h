@@ -17,6 +17,9 @@ using Bytes = std::vector<std::uint8_t>;
 Bytes Structure(std::uint8_t type, const Bytes& fields,
                 std::initializer_list<std::string_view> strings = {});
 
+// The structure with another handle.
+Bytes WithHandle(std::uint8_t handle, Bytes structure);
+
 // End-of-Table.
 inline const Bytes kEnd = {127, 4, 0, 0, 0, 0};
 

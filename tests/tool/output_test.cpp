@@ -21,9 +21,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void Write(const std::string& bytes) { WriteFile("target", bytes); }
-void Save(const std::string& bytes) { WriteNewFile("target", bytes, false); }
-void Force(const std::string& bytes) { WriteNewFile("target", bytes, true); }
+void Fill(const std::unique_ptr<Output>& output, const std::string& bytes) {
+  output->Write(bytes);
+  output->Finish();
+}
+void Write(const std::string& bytes) { Fill(MakeFileOutput("target"), bytes); }
+void Save(const std::string& bytes) { Fill(MakeNewFileOutput("target", false), bytes); }
+void Force(const std::string& bytes) { Fill(MakeNewFileOutput("target", true), bytes); }
 
 // As far as the process may raise it again.
 void LimitFileSize(rlim_t most) {
@@ -85,11 +89,11 @@ TEST(OutputTest, WritesWhatItMayAndNothingElse) {
       {"printf old >target", Save, "new", there, {"target=old"}},
       {"ln -s file target", Save, "new", there, {"target->file"}},
       {"true", Save, "much too long", full, {}},
-      {"echo earlier >target", Force, "new", "", {"target=new"}},
+      {"printf old >target.new0", Force, "new", "", {"target=new", "target.new0=old"}},
       {"touch file; ln -s file target", Force, "new", link, {"file=", "target->file"}},
       {"mkdir target", Force, "new", link, {"target/"}},
       {"true", Force, "much too long", full, {}},
-      {"printf old >target", Force, "much too long", full, {"target=much too"}},
+      {"printf old >target", Force, "much too long", full, {"target=old"}},
   };
   const fs::path home = fs::current_path();
   static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));

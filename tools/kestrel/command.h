@@ -6,17 +6,21 @@
 #include <string>
 #include <vector>
 
+#include "tools/kestrel/keyword_values.h"
+#include "tools/kestrel/output.h"
 #include "tools/kestrel/source.h"
 #include "tools/kestrel/tool_error.h"
 
 namespace kestrel {
 
 // What a command takes: bits of Command::Options.
-inline constexpr unsigned kTakesSource = 1;   // the options that choose a table
-inline constexpr unsigned kTakesExact = 2;    // --exact
-inline constexpr unsigned kTakesOutput = 4;   // -o FILE
-inline constexpr unsigned kTakesNewFile = 8;  // FILE, and --force
-inline constexpr unsigned kTakesTypes = 16;   // --type N, any number of times
+inline constexpr unsigned kTakesSource = 1;     // the options that choose a table
+inline constexpr unsigned kTakesExact = 2;      // --exact
+inline constexpr unsigned kTakesOutput = 4;     // -o FILE
+inline constexpr unsigned kTakesNewFile = 8;    // FILE, and --force
+inline constexpr unsigned kTakesTypes = 16;     // --type N, any number of times
+inline constexpr unsigned kTakesHandle = 32;    // --handle H
+inline constexpr unsigned kTakesKeywords = 64;  // KEYWORD, any number of them
 
 struct CommandRun;
 
@@ -25,8 +29,8 @@ struct Command {
   const char* Name;
   const char* Description;
   unsigned Options;
-  // Makes what the command writes.
-  std::string (*MakeText)(CommandRun& run);
+  // Does the command's work, and writes what it makes. Throws ToolError.
+  void (*Run)(CommandRun& run, Output& output);
   // What the help says after the options.
   const char* Details = "";
 };
@@ -43,6 +47,10 @@ struct CommandLine {
   std::optional<std::string> Output;
   // The types of structures that are wanted; all where there are none.
   std::vector<std::uint8_t> Types;
+  // The handle of the structures that are wanted.
+  std::optional<std::uint16_t> Handle;
+  // What values are wanted, in order.
+  std::vector<const Keyword*> Keywords;
   // Whether a file that is there may be overwritten, for a command that makes a new one.
   bool Force = false;
 };

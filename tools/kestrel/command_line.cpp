@@ -8,6 +8,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "tools/kestrel/structure_choice.h"
 #include "tools/kestrel/tool_error.h"
 
 namespace kestrel {
@@ -96,18 +97,44 @@ void AddOptions(CLI::App& app, CommandLine& line) {
                  "The library's bytes (Windows-1252, CR LF) instead of UTF-8");
   }
   if ((options & kTakesTypes) != 0) {
-    const auto addType = [&line](const std::string& text) {
-      const auto type = ToByte(text);
-      if (!type) {
-        throw CLI::ValidationError("--type", "takes a number up to 255");
+    const auto addTypes = [&line](const std::string& text) {
+      if (!AppendTypes(line.Types, text)) {
+        throw CLI::ValidationError("--type",
+                                   "takes a number up to 255, or " + std::string(kTypeWords));
       }
-      line.Types.push_back(*type);
     };
-    app.add_option_function<std::string>("--type", addType,
-                                         "Only structures of this type; may be given again")
+    app.add_option_function<std::string>(
+           "--type", addTypes,
+           "Only structures of this type, a number or a word; may be given again")
         ->type_name("N")
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->trigger_on_parse();
+  }
+  if ((options & kTakesHandle) != 0) {
+    const auto setHandle = [&line](const std::string& text) {
+      line.Handle = ToHandle(text);
+      if (!line.Handle) {
+        throw CLI::ValidationError("--handle", "takes a number like 0008h, 0x8 or 8");
+      }
+    };
+    app.add_option_function<std::string>("--handle", setHandle,
+                                         "Only the structure with this handle")
+        ->type_name("H");
+  }
+  if ((options & kTakesKeywords) != 0) {
+    const auto addKeywords = [&line](const std::vector<std::string>& names) {
+      for (const std::string& name : names) {
+        line.Keywords.push_back(FindKeyword(name));
+        if (line.Keywords.back() == nullptr) {
+          throw CLI::ValidationError("there is no keyword " + name + ", the nearest is " +
+                                     std::string(NearestKeyword(name)));
+        }
+      }
+    };
+    app.add_option_function<std::vector<std::string>>("KEYWORD", addKeywords,
+                                                      "What to show, see below")
+        ->required()
+        ->type_name("");
   }
   if ((options & kTakesOutput) != 0) {
     app.add_option("-o,--output", line.Output, "Write to a file")->type_name("FILE");
@@ -127,12 +154,20 @@ std::string HelpOfTool() {
 
 std::string ProgramName(const Command& command) { return std::string("kestrel ") + command.Name; }
 
+std::string KeywordHelp() {
+  std::string help = "Keywords:";
+  for (const Keyword& keyword : GetKeywords()) {
+    help.append("\n  ").append(keyword.Name);
+  }
+  return help;
+}
+
 std::string HelpOf(const Command& command) {
   CommandLine line;
   line.Chosen = &command;
   CLI::App app(command.Description, ProgramName(command));
   app.set_help_flag("--help", "Show the help");
-  app.footer(command.Details);
+  app.footer((command.Options & kTakesKeywords) != 0 ? KeywordHelp() : command.Details);
   AddOptions(app, line);
   return app.help();
 }

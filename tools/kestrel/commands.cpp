@@ -1,15 +1,23 @@
 #include "tools/kestrel/commands.h"
 
+#include <algorithm>
+#include <memory>
+#include <optional>
 #include <utility>
 
+#include "base/text.h"
+#include "catalog/meant_version.h"
 #include "catalog/structure_scan.h"
 #include "tools/kestrel/console_text.h"
 #include "tools/kestrel/dump.h"
 #include "tools/kestrel/fault_list.h"
 #include "tools/kestrel/json_document.h"
+#include "tools/kestrel/keyword_values.h"
 #include "tools/kestrel/library_view.h"
 #include "tools/kestrel/output.h"
+#include "tools/kestrel/overview_text.h"
 #include "tools/kestrel/structure_list.h"
+#include "tools/kestrel/structure_text.h"
 #include "tools/kestrel/tool_error.h"
 
 namespace kestrel {
@@ -27,42 +35,93 @@ LibraryView ReadAsLibrary(CommandRun& run) {
   return view;
 }
 
-std::string MakeReport(CommandRun& run) {
-  std::string report = ReadAsLibrary(run).Reader->BuildTextReport();
-  return run.Line.Exact ? report : ToConsoleText(report);
+void WriteReport(CommandRun& run, Output& output) {
+  const std::string report = ReadAsLibrary(run).Reader->BuildTextReport();
+  output.Write(run.Line.Exact ? report : ToConsoleText(report));
 }
 
-std::string MakeMif(CommandRun& run) { return ReadAsLibrary(run).Reader->ObjsToMifString(); }
+void WriteMif(CommandRun& run, Output& output) {
+  output.Write(ReadAsLibrary(run).Reader->ObjsToMifString());
+}
 
-std::string MakeBios(CommandRun& run) {
+void WriteBios(CommandRun& run, Output& output) {
   const std::string text = TextOfBios(ReadAsLibrary(run));
   if (text.empty()) {
     throw ToolError("the table has no BIOS Information: see what it has with 'kestrel list'");
   }
-  return ToConsoleText(text);
+  output.Write(ToConsoleText(text));
 }
 
-std::string MakeList(CommandRun& run) {
+void WriteList(CommandRun& run, Output& output) {
   const LibraryView view = ViewAsLibrary(run.Table);
   Warn(run, NotesOnList(view.Scan, view.Comparison));
-  return ToConsoleText(ListStructures(view.Scan, view.Comparison));
+  output.Write(ToConsoleText(ListStructures(view.Scan, view.Comparison)));
 }
 
-std::string MakeCheck(CommandRun& run) {
+void WriteCheck(CommandRun& run, Output& output) {
   const LibraryView view = ViewAsLibrary(run.Table);
   catalog::FaultList faults = catalog::FindFaults(run.Table, view.Scan);
   AddWalkFaults(faults, view.Comparison);
   run.Code = faults.HasErrors() ? ExitCode::FaultyTable : ExitCode::Done;
-  return ToConsoleText(ListFaults(faults));
+  output.Write(ToConsoleText(ListFaults(faults)));
 }
 
-std::string MakeJson(CommandRun& run) {
+void WriteJson(CommandRun& run, Output& output) {
   const catalog::TableScan scan = catalog::ScanTable(run.Table);
   Warn(run, NotesOnEnd(scan));
-  return MakeJsonDocument(run.Table, scan, run.Line.Types);
+  output.Write(MakeJsonDocument(run.Table, scan, run.Line.Types));
 }
 
-std::string MakeDump(CommandRun& run) { return DumpOf(run.Table); }
+SmbiosVersion MeantVersionOf(const SmbiosTable& table) {
+  return catalog::MeantVersion(table.EntryPoint.Version);
+}
+
+void WriteOverview(CommandRun& run, Output& output) {
+  const LibraryView view = ViewAsLibrary(run.Table);
+  catalog::FaultList faults = catalog::FindFaults(run.Table, view.Scan);
+  AddWalkFaults(faults, view.Comparison);
+  Warn(run, NotesOnEnd(view.Scan));
+  const std::string text = OverviewText(Overview(view.Scan, MeantVersionOf(run.Table)), faults);
+  if (text.empty()) {
+    throw ToolError("the table says nothing of the machine: see what it has with 'kestrel list'");
+  }
+  output.Write(text);
+}
+
+bool IsWanted(std::span<const std::uint8_t> types, std::uint8_t type) {
+  return types.empty() || std::find(types.begin(), types.end(), type) != types.end();
+}
+
+void WriteShow(CommandRun& run, Output& output) {
+  const catalog::TableScan scan = catalog::ScanTable(run.Table);
+  Warn(run, NotesOnEnd(scan));
+  const std::optional<std::uint16_t> handle = run.Line.Handle;
+  StructureText text(run.Table, scan, output);
+  bool isAny = false;
+  for (const catalog::Structure& structure : scan.Structures) {
+    if (IsWanted(run.Line.Types, structure.Type) && (!handle || structure.Handle == handle)) {
+      text.Append(structure);
+      isAny = true;
+    }
+  }
+  if (handle && !isAny) {
+    throw ToolError(Join({"no structure has the handle ", Hex(*handle, 4),
+                          "h: see those that there are with 'kestrel list'"}));
+  }
+}
+
+void WriteValues(CommandRun& run, Output& output) {
+  const catalog::TableScan scan = catalog::ScanTable(run.Table);
+  bool isAny = false;
+  for (const Keyword* keyword : run.Line.Keywords) {
+    isAny = WriteKeyword(*keyword, scan, MeantVersionOf(run.Table), output) || isAny;
+  }
+  if (!isAny) {
+    throw ToolError("the table has no such value: see what it has with 'kestrel show'");
+  }
+}
+
+void WriteDump(CommandRun& run, Output& output) { output.Write(DumpOf(run.Table)); }
 
 constexpr const char* kJsonSchema =
     R"(The document is one object. These keys are always there:
@@ -87,17 +146,29 @@ changes it is raised: a key that goes, or means something else, another text for
 a code or bit, another kind of value.)";
 
 constexpr Command kCommands[] = {
-    {"report", "The text report", kTakesSource | kTakesExact | kTakesOutput, MakeReport},
-    {"mif", "The MIF document, as consoles read it", kTakesSource | kTakesOutput, MakeMif},
-    {"bios", "Vendor, version and release date of the BIOS", kTakesSource, MakeBios},
-    {"list", "A line per structure: offset, type, length, handle, name", kTakesSource, MakeList},
+    {"overview", "The machine on one screen", kTakesSource, WriteOverview},
+    {"show", "Every structure in words, by the current standard",
+     kTakesSource | kTakesTypes | kTakesHandle | kTakesOutput, WriteShow},
+    {"get", "Single values, for scripts", kTakesSource | kTakesKeywords, WriteValues},
+    {"report", "The text report", kTakesSource | kTakesExact | kTakesOutput, WriteReport},
+    {"mif", "The MIF document, as consoles read it", kTakesSource | kTakesOutput, WriteMif},
+    {"bios", "Vendor, version and release date of the BIOS", kTakesSource, WriteBios},
+    {"list", "A line per structure: offset, type, length, handle, name", kTakesSource, WriteList},
     {"json", "Every structure, decoded by the current standard, as JSON",
-     kTakesSource | kTakesTypes | kTakesOutput, MakeJson, kJsonSchema},
+     kTakesSource | kTakesTypes | kTakesOutput, WriteJson, kJsonSchema},
     {"check", "A line per fault of the table; ends with 3 where there is an error", kTakesSource,
-     MakeCheck},
+     WriteCheck},
     {"save", "Save this machine's entry point and table, for --image to read", kTakesNewFile,
-     MakeDump},
+     WriteDump},
 };
+
+std::unique_ptr<Output> OutputOf(const CommandLine& line) {
+  if (!line.Output || *line.Output == "-") {
+    return MakeStandardOutput();
+  }
+  return (line.Chosen->Options & kTakesNewFile) != 0 ? MakeNewFileOutput(*line.Output, line.Force)
+                                                     : MakeFileOutput(*line.Output);
+}
 
 }  // namespace
 
@@ -107,13 +178,12 @@ CommandResult RunCommand(const CommandLine& line) {
   std::vector<std::string> warnings;
   const SmbiosTable table = ReadSource(line.Source, warnings);
   CommandRun run = {.Line = line, .Table = table, .Warnings = warnings};
-  const std::string text = line.Chosen->MakeText(run);
-  if ((line.Chosen->Options & kTakesNewFile) != 0) {
-    WriteNewFile(*line.Output, text, line.Force);
-  } else if (line.Output && *line.Output != "-") {
-    WriteFile(*line.Output, text);
-  } else {
-    WriteToStandardOutput(text);
+  const std::unique_ptr<Output> output = OutputOf(line);
+  try {
+    line.Chosen->Run(run, *output);
+    output->Finish();
+  } catch (const ReaderGone&) {
+    // Whoever stops reading has seen enough.
   }
   return {run.Code, std::move(warnings)};
 }

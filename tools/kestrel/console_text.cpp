@@ -6,12 +6,6 @@ namespace kestrel {
 
 namespace {
 
-#if defined(_WIN32)
-constexpr std::string_view kLineEnd = "\r\n";
-#else
-constexpr std::string_view kLineEnd = "\n";
-#endif
-
 constexpr char16_t kReplacement = 0xFFFD;
 
 // Whether a character would do something rather than be seen.

@@ -9,6 +9,7 @@
 #include "catalog/decoder.h"
 #include "catalog/meant_version.h"
 #include "catalog/type_catalog.h"
+#include "catalog/uuid.h"
 #include "tools/kestrel/windows_1252.h"
 
 namespace kestrel {
@@ -52,20 +53,6 @@ std::string HexOf(std::span<const std::uint8_t> bytes) {
   text.reserve(2 * bytes.size());
   for (const std::uint8_t byte : bytes) {
     AppendHex(text, byte, "0123456789abcdef");
-  }
-  return text;
-}
-
-// From version 2.6 on the first three fields are little-endian.
-std::string TextOfUuid(std::span<const std::uint8_t> bytes, SmbiosVersion version) {
-  constexpr std::size_t kLittleEndian[] = {3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
-  const bool isLittleEndian = version.Major > 2 || (version.Major == 2 && version.Minor >= 6);
-  std::string text;
-  for (std::size_t index = 0; index < bytes.size(); ++index) {
-    if (index == 4 || index == 6 || index == 8 || index == 10) {
-      text.push_back('-');
-    }
-    AppendHex(text, bytes[isLittleEndian ? kLittleEndian[index] : index], "0123456789ABCDEF");
   }
   return text;
 }
@@ -152,7 +139,7 @@ class FieldWriter {
       case FieldKind::Parts:
         return PartsToJson(field.Number, definition.Parts);
       case FieldKind::Uuid:
-        return TextOfUuid(field.Bytes, Version);
+        return catalog::TextOfUuid(field.Bytes, Version);
       case FieldKind::Characters:
         return TextOfCharacters(field.Bytes);
       case FieldKind::Bytes:

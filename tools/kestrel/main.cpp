@@ -33,7 +33,9 @@ void Complain(std::string message) {
 ExitCode Try(int argumentCount, const char* const* arguments) {
   const kestrel::ParsedCommandLine parsed = kestrel::ParseCommandLine(argumentCount, arguments);
   if (!parsed.Answer.empty()) {
-    kestrel::WriteToStandardOutput(parsed.Answer);
+    const auto output = kestrel::MakeStandardOutput();
+    output->Write(parsed.Answer);
+    output->Finish();
     return ExitCode::Done;
   }
   const kestrel::CommandResult result = kestrel::RunCommand(parsed.Line);
@@ -46,6 +48,7 @@ ExitCode Try(int argumentCount, const char* const* arguments) {
 // Ends the process from where it stands: the way back leads through destructors and streams of
 // other libraries, which need memory themselves.
 [[noreturn]] void EndWithoutMemory() {
+  kestrel::RemoveUnfinishedFile();
   static_cast<void>(
       std::fputs("kestrel: there is not enough memory: close other programs\n", stderr));
   std::_Exit(static_cast<int>(ExitCode::Failed));
@@ -59,6 +62,8 @@ int Run(int argumentCount, const char* const* arguments) {
   } catch (const kestrel::ToolError& error) {
     Complain(error.what());
     code = error.GetCode();
+  } catch (const kestrel::ReaderGone&) {
+    code = ExitCode::Done;
   } catch (const std::exception& error) {
     Complain(std::string(error.what()) + ": report this as a fault of the tool");
   }
@@ -85,8 +90,9 @@ int wmain(int argumentCount, wchar_t** wideArguments) {
 #else
 
 int main(int argumentCount, char** arguments) {
-  // A reader that goes away shows as a failed write.
+  // A reader that goes away, and a file that may not grow, show as a failed write.
   static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+  static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
   return Run(argumentCount, arguments);
 }
 

@@ -1,7 +1,7 @@
 #include "tools/kestrel/output.h"
 
-#include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -22,29 +22,28 @@ namespace kestrel {
 namespace {
 
 constexpr int kStandardOutput = 1;
-
-// Old consoles of Windows take no more than some 60 KiB at once.
 constexpr std::size_t kMostAtOnce = 0x8000;
+
+// Who may read a new file.
+enum class Readers { Everybody, Owner };
 
 #if defined(_WIN32)
 
-int Open(const std::string& path, int flags) {
-  return _wopen(ToWide(path).c_str(), flags | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
+using NativePath = std::wstring;
+
+NativePath ToNative(const std::string& path) { return ToWide(path); }
+
+// A folder decides who may read the files in it.
+int OpenDescriptor(const NativePath& path, int flags, Readers /*readers*/) {
+  return _wopen(path.c_str(), flags | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
 }
 
-// Opens and empties a file that is there; of a link itself, not what it names.
-int OpenWithoutLinks(const std::string& path) {
-  HANDLE file = CreateFileW(ToWide(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                            TRUNCATE_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
-  if (file == INVALID_HANDLE_VALUE) {
-    errno = EACCES;
-    return -1;
-  }
-  return _open_osfhandle(reinterpret_cast<std::intptr_t>(file), _O_BINARY);
+bool Exists(const NativePath& path) {
+  return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-bool IsRegularFile(const std::string& path) {
-  const DWORD attributes = GetFileAttributesW(ToWide(path).c_str());
+bool IsRegularFile(const NativePath& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES &&
          (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT)) == 0;
 }
@@ -53,23 +52,40 @@ int Write(int descriptor, std::string_view bytes) {
   return _write(descriptor, bytes.data(), static_cast<unsigned>(bytes.size()));
 }
 
-void Remove(const std::string& path) { _wunlink(ToWide(path).c_str()); }
+bool Store(int descriptor) { return _commit(descriptor) == 0; }
+
+bool Rename(const NativePath& from, const NativePath& to) {
+  if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
+    errno = EACCES;
+    return false;
+  }
+  return true;
+}
+
+void Remove(const NativePath& path) { _wunlink(path.c_str()); }
 
 void MakeBinary(int descriptor) { _setmode(descriptor, _O_BINARY); }
 
 #else
 
-int Open(const std::string& path, int flags) {
-  // Permissions for everybody, less those that the process's mask takes away.
+using NativePath = std::string;
+
+const NativePath& ToNative(const std::string& path) { return path; }
+
+int OpenDescriptor(const NativePath& path, int flags, Readers readers) {
+  constexpr mode_t kOwner = S_IRUSR | S_IWUSR;
+  constexpr mode_t kOthers = S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+  // Less what the process's mask takes away.
   return open(path.c_str(), flags | O_CLOEXEC,
-              S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH);
+              readers == Readers::Owner ? kOwner : kOwner | kOthers);
 }
 
-int OpenWithoutLinks(const std::string& path) {
-  return Open(path, O_WRONLY | O_TRUNC | O_NOFOLLOW | O_NONBLOCK);
+bool Exists(const NativePath& path) {
+  struct stat status = {};
+  return lstat(path.c_str(), &status) == 0;
 }
 
-bool IsRegularFile(const std::string& path) {
+bool IsRegularFile(const NativePath& path) {
   struct stat status = {};
   return lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
@@ -78,86 +94,202 @@ ssize_t Write(int descriptor, std::string_view bytes) {
   return write(descriptor, bytes.data(), bytes.size());
 }
 
-void Remove(const std::string& path) { unlink(path.c_str()); }
+bool Store(int descriptor) { return fsync(descriptor) == 0; }
+
+bool Rename(const NativePath& from, const NativePath& to) {
+  return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+void Remove(const NativePath& path) { unlink(path.c_str()); }
 
 void MakeBinary(int /*descriptor*/) {}
 
 #endif
 
-std::error_code LastError() { return {errno, std::generic_category()}; }
-
-std::error_code WriteAll(int descriptor, std::string_view bytes) {
+// Whether all bytes were written; errno says why not.
+bool WriteAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
     const auto count = Write(descriptor, bytes.substr(0, kMostAtOnce));
     if (count >= 0) {
       bytes.remove_prefix(static_cast<std::size_t>(count));
     } else if (errno != EINTR) {
-      return LastError();
+      return false;
     }
   }
-  return {};
+  return true;
 }
 
-// Takes what an attempt to open a file gave.
-std::error_code WriteAndClose(int descriptor, std::string_view bytes) {
-  if (descriptor < 0) {
-    return LastError();
+// Says what errno says.
+[[noreturn]] void ThrowCannotWrite(const std::string& target) {
+  throw ToolError(target + " cannot be written (" + std::generic_category().message(errno) +
+                  "): write to a place that takes it");
+}
+
+class StandardOutput : public Output {
+ private:
+  void Pass(std::string_view bytes) override {
+    MakeBinary(kStandardOutput);
+    if (!WriteAll(kStandardOutput, bytes)) {
+      if (errno == EPIPE) {
+        throw ReaderGone();
+      }
+      ThrowCannotWrite("standard output");
+    }
   }
-  const std::error_code error = WriteAll(descriptor, bytes);
-  return close(descriptor) == 0 || error ? error : LastError();
-}
+};
 
-void ThrowIf(std::error_code error, const std::string& target) {
-  if (error) {
-    throw ToolError(target + " cannot be written (" + error.message() +
-                    "): write to a place that takes it");
+class FileOutput;
+
+// The output that has begun a new file.
+FileOutput* unfinished = nullptr;
+
+class FileOutput : public Output {
+ public:
+  explicit FileOutput(const std::string& path) : Name("'" + path + "'"), Path(ToNative(path)) {}
+  ~FileOutput() override { Abandon(); }
+
+  // Needs no memory.
+  void Abandon() noexcept {
+    if (Descriptor >= 0) {
+      close(Descriptor);
+      Descriptor = -1;
+    }
+    if (unfinished == this) {
+      Remove(NewFile);
+      unfinished = nullptr;
+    }
   }
-}
 
-std::string Quoted(const std::string& path) { return "'" + path + "'"; }
+ protected:
+  const std::string& GetName() const { return Name; }
+  const NativePath& GetPath() const { return Path; }
+  const NativePath& GetNewFile() const { return NewFile; }
 
-// Takes what an attempt to open a file returned. Removes a new file that cannot be written
-// completely.
-void Fill(const std::string& path, int descriptor, bool isNew, std::string_view bytes) {
-  const std::error_code error = WriteAndClose(descriptor, bytes);
-  if (error && isNew) {
-    Remove(path);
+  // Creates a file, unless there is one of that name.
+  void Create(NativePath path, Readers readers) {
+    NewFile = std::move(path);
+    Descriptor = OpenDescriptor(NewFile, O_WRONLY | O_CREAT | O_EXCL, readers);
+    if (Descriptor >= 0) {
+      unfinished = this;
+    }
   }
-  ThrowIf(error, Quoted(path));
-}
+  bool IsOpen() const { return Descriptor >= 0; }
+
+ private:
+  // Leaves the file closed where it cannot be opened; errno says why.
+  virtual void Open() {
+    Create(Path, Readers::Everybody);
+    if (!IsOpen() && errno == EEXIST) {
+      Descriptor = OpenDescriptor(Path, O_WRONLY | O_CREAT | O_TRUNC, Readers::Everybody);
+    }
+  }
+  // What is left to do with the file while it is open, and when it is closed.
+  virtual bool Settle(int /*descriptor*/) { return true; }
+  virtual bool PutInPlace() { return true; }
+
+  void OpenOnce() {
+    if (!IsOpen()) {
+      Open();
+      Check(IsOpen());
+    }
+  }
+
+  void Check(bool succeeded) const {
+    if (!succeeded) {
+      ThrowCannotWrite(Name);
+    }
+  }
+
+  void Pass(std::string_view bytes) override {
+    OpenOnce();
+    Check(WriteAll(Descriptor, bytes));
+  }
+
+  void Complete() override {
+    OpenOnce();
+    Check(Settle(Descriptor));
+    Check(close(std::exchange(Descriptor, -1)) == 0);
+    Check(PutInPlace());
+    unfinished = nullptr;
+  }
+
+  std::string Name;
+  NativePath Path;
+  NativePath NewFile;
+  int Descriptor = -1;
+};
+
+class NewFileOutput : public FileOutput {
+ public:
+  NewFileOutput(const std::string& path, bool force)
+      : FileOutput(path), Beside(path + ".new"), Force(force) {}
+
+ private:
+  void Open() override {
+    if (!Force) {
+      Create(GetPath(), Readers::Owner);
+      if (!IsOpen() && errno == EEXIST) {
+        throw ToolError(GetName() + " is there already: name another file, or use --force");
+      }
+      return;
+    }
+    if (Exists(GetPath()) && !IsRegularFile(GetPath())) {
+      throw ToolError(GetName() + " is not a regular file: name another one");
+    }
+    // A run that was killed may have left one.
+    constexpr int kMostLeft = 100;
+    for (int number = 0; number < kMostLeft; ++number) {
+      Create(ToNative(Beside + std::to_string(number)), Readers::Owner);
+      if (IsOpen() || errno != EEXIST) {
+        return;
+      }
+    }
+  }
+
+  bool Settle(int descriptor) override { return Store(descriptor); }
+  bool PutInPlace() override { return !Force || Rename(GetNewFile(), GetPath()); }
+
+  std::string Beside;
+  bool Force;
+};
 
 }  // namespace
 
-void WriteToStandardOutput(std::string_view bytes) {
-  MakeBinary(kStandardOutput);
-  const std::error_code error = WriteAll(kStandardOutput, bytes);
-  if (error != std::errc::broken_pipe) {
-    ThrowIf(error, "standard output");
+void Output::Flush() {
+  if (Count != 0) {
+    const std::size_t count = std::exchange(Count, 0);
+    Pass({Held.data(), count});
   }
 }
 
-void WriteFile(const std::string& path, std::string_view bytes) {
-  int descriptor = Open(path, O_WRONLY | O_CREAT | O_EXCL);
-  const bool isNew = descriptor >= 0;
-  if (!isNew && errno == EEXIST) {
-    descriptor = Open(path, O_WRONLY | O_CREAT | O_TRUNC);
-  }
-  Fill(path, descriptor, isNew, bytes);
+void Output::Finish() {
+  Flush();
+  Complete();
 }
 
-void WriteNewFile(const std::string& path, std::string_view bytes, bool force) {
-  int descriptor = Open(path, O_WRONLY | O_CREAT | O_EXCL);
-  const bool isNew = descriptor >= 0;
-  if (!isNew && errno == EEXIST) {
-    if (!force) {
-      throw ToolError(Quoted(path) + " is there already: name another file, or use --force");
-    }
-    if (!IsRegularFile(path)) {
-      throw ToolError(Quoted(path) + " is not a regular file: name another one");
-    }
-    descriptor = OpenWithoutLinks(path);
+void Output::PassOn(std::string_view bytes) {
+  Flush();
+  if (bytes.size() >= Held.size()) {
+    Pass(bytes);
+  } else {
+    Write(bytes);
   }
-  Fill(path, descriptor, isNew, bytes);
+}
+
+std::unique_ptr<Output> MakeStandardOutput() { return std::make_unique<StandardOutput>(); }
+
+std::unique_ptr<Output> MakeFileOutput(const std::string& path) {
+  return std::make_unique<FileOutput>(path);
+}
+
+std::unique_ptr<Output> MakeNewFileOutput(const std::string& path, bool force) {
+  return std::make_unique<NewFileOutput>(path, force);
+}
+
+void RemoveUnfinishedFile() {
+  if (unfinished != nullptr) {
+    unfinished->Abandon();
+  }
 }
 
 }  // namespace kestrel
