@@ -29,6 +29,8 @@ TEST(DecoderTest, ReadsUnitsAndWhatFirmwareDoesNotKnow) {
       {0, 26, {{9, {0xFF}}, {24, {32, 0}}}, "rom_size_bytes", 33554432},
       {0, 26, {{9, {0xFF}}, {24, {2, 0x40}}}, "rom_size_bytes", 2147483648},
       {0, 26, {{9, {0xFF}}, {24, {2, 0x80}}}, "rom_size_bytes", std::nullopt},
+      // Entries of no bytes take none.
+      {3, 22, {{0x13, {2}}, {0x15, {1}}}, "sku_number", 1},
       {4, 32, {{0x11, {0x8C}}}, "voltage_millivolts", 1200},
       {4, 32, {{0x11, {2}}}, "voltage_millivolts", 3300},
       {4, 32, {{0x11, {3}}}, "voltage_millivolts", std::nullopt},
@@ -64,6 +66,7 @@ TEST(DecoderTest, ReadsUnitsAndWhatFirmwareDoesNotKnow) {
       {19, 31, {{4, ones}, {8, ones}, {23, {7}}}, "ending_address_bytes", 7},
       {22, 26, {{10, {100}}}, "design_capacity_milliwatt_hours", 100},
       {22, 16, {{10, {100}}}, "design_capacity_milliwatt_hours", 100},
+      {22, 26, {{10, {100}}, {21, {10}}}, "design_capacity_milliwatt_hours", 1000},
       {23, 13, {{9, {2}}}, "timer_interval_seconds", 120},
       {23, 13, {{9, {0xFF, 0xFF}}}, "timer_interval_seconds", std::nullopt},
       {25, 9, {{4, {0x12, 0x31, 0x23, 0x59, 0x58}}}, "next_scheduled_power_on_second", 58},

@@ -168,6 +168,8 @@ TEST(JsonDocumentTest, EndsAtTheFirstFieldThatIsCut) {
   // A list whose count lies has what is there, and nothing follows it.
   EXPECT_THAT(FieldsOf(Structure(5, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 255, 1, 0, 2})),
               testing::EndsWith(R"(": 255,"memory_module_configuration_handles": [1]})"));
+  EXPECT_THAT(FieldsOf(Structure(45, Bytes(16, 0xFE))),
+              testing::HasSubstr(R"("image_size_bytes": 18374403900871474942})"));
 }
 
 TEST(JsonDocumentTest, OrdersTheBytesOfAUuidByTheVersion) {
