@@ -29,6 +29,8 @@ TEST(DecoderTest, ReadsUnitsAndWhatFirmwareDoesNotKnow) {
       {0, 26, {{9, {0xFF}}, {24, {32, 0}}}, "rom_size_bytes", 33554432},
       {0, 26, {{9, {0xFF}}, {24, {2, 0x40}}}, "rom_size_bytes", 2147483648},
       {0, 26, {{9, {0xFF}}, {24, {2, 0x80}}}, "rom_size_bytes", std::nullopt},
+      {3, 22, {{0x11, {2}}}, "height_rack_units", 2},
+      {3, 22, {{0x11, {0xFF}}}, "height_rack_units", std::nullopt},
       // Entries of no bytes take none.
       {3, 22, {{0x13, {2}}, {0x15, {1}}}, "sku_number", 1},
       {4, 32, {{0x11, {0x8C}}}, "voltage_millivolts", 1200},
