@@ -127,6 +127,7 @@ constexpr LeastLength kIpmiDeviceInformationLengths[] = {{2, 3, 0x10}};
 // Management Controller Host Interface (Type 42)
 
 constexpr Code kHostInterfaceTypes[] = {
+    {0x00, "MCTP Host Interface", 0x01},
     {0x02, "KCS: Keyboard Controller Style"},
     {0x03, "8250 UART Register Compatible"},
     {0x04, "16450 UART Register Compatible"},

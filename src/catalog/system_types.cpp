@@ -149,6 +149,12 @@ constexpr List kContainedElements = {.CountRule = List::Count::FromField,
                                      .SizeOrOffset = 0x14,
                                      .Fields = kContainedElement};
 
+// 0 says that it is not specified, FFh that the rack height has it, in units of the rack type.
+constexpr std::optional<std::uint64_t> RackUnits(std::uint64_t number,
+                                                 const OtherNumbers& /*others*/) {
+  return number != 0 && number != 0xFF ? std::optional(number) : std::nullopt;
+}
+
 constexpr Code kRackTypes[] = {{0, "Unspecified"}, {1, "OpenU"}};
 
 constexpr Field kSystemEnclosure[] = {
@@ -163,6 +169,7 @@ constexpr Field kSystemEnclosure[] = {
     CodeField(0x0C, 1, "security_status", kSecurityStatuses),
     NumberField(0x0D, 4, "oem_defined"),
     NumberField(0x11, 1, "height"),
+    QuantityField("height_rack_units", {.Convert = RackUnits}),
     NumberField(0x12, 1, "number_of_power_cords"),
     NumberField(0x13, 1, "contained_element_count"),
     NumberField(0x14, 1, "contained_element_record_length"),

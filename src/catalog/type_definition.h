@@ -10,7 +10,7 @@
 
 // What the standard publishes of structures, as data: each structure type is a table of fields, and
 // everything that reads structures knows kinds of fields and no types. Source of all tables: DMTF
-// DSP0134, "System Management BIOS (SMBIOS) Reference", version 3.9.0.
+// DSP0134, "System Management BIOS (SMBIOS) Reference", version 3.9.0; of host interfaces DSP0239.
 namespace kestrel::catalog {
 
 // A code of an enumerated field, or a range of codes. Texts are those of the standard.
@@ -66,7 +66,7 @@ enum class FieldKind : std::uint8_t {
   Bytes,       // whatever they mean, in hexadecimal
   Reserved,    // passed over
   List,        // entries that repeat
-  Quantity,    // a number in the form that people use: in a base unit, or without its sign bit
+  Quantity,    // what a stored number means, by its conversion; mostly in a base unit
 };
 
 // A number that stands elsewhere in the same structure.

@@ -76,7 +76,7 @@ TEST(JsonDocumentTest, ShowsEveryKindOfField) {
       R"("asset_tag_number": null,"boot_up_state": {"code": 9,"text": null},)"
       R"("power_supply_state": {"code": 3,"text": "Safe"},"thermal_state": {"code": 4,)"
       R"("text": "Warning"},"security_status": {"code": 3,"text": "None"},)"
-      R"("oem_defined": 2147483649,"height": 2,"number_of_power_cords": 1,)"
+      R"("oem_defined": 2147483649,"height": 2,"height_rack_units": 2,"number_of_power_cords": 1,)"
       R"("contained_element_count": 1,"contained_element_record_length": 3,)"
       R"("contained_elements": [{"contained_element_type": {"value": 130,"type": 2,)"
       R"("type_select": {"code": 1,"text": "SMBIOS structure type"}},)"
@@ -168,6 +168,8 @@ TEST(JsonDocumentTest, EndsAtTheFirstFieldThatIsCut) {
   // A list whose count lies has what is there, and nothing follows it.
   EXPECT_THAT(FieldsOf(Structure(5, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 255, 1, 0, 2})),
               testing::EndsWith(R"(": 255,"memory_module_configuration_handles": [1]})"));
+  EXPECT_THAT(FieldsOf(Structure(45, Bytes(16, 0xFE))),
+              testing::HasSubstr(R"("image_size_bytes": 18374403900871474942})"));
 }
 
 TEST(JsonDocumentTest, OrdersTheBytesOfAUuidByTheVersion) {
