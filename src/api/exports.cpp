@@ -9,7 +9,7 @@
 #include "firmware/firmware_access.h"
 #include "kestrel.h"
 #include "model/smbios_reader.h"
-#include "types/type0_bios_information.h"
+#include "types/type00_bios_information.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "base/text.h"
 #include "model/smbios_reader.h"
-#include "types/type0_bios_information.h"
+#include "types/type00_bios_information.h"
 
 namespace kestrel {
 

@@ -4,7 +4,7 @@
 #include "mif/mif_group.h"
 #include "mif/mif_group_text.h"
 #include "model/smbios_reader.h"
-#include "types/type1_system_information.h"
+#include "types/type01_system_information.h"
 
 namespace kestrel {
 

@@ -1,4 +1,4 @@
-#include "types/type0_bios_information.h"
+#include "types/type00_bios_information.h"
 
 #include <memory>
 #include <span>

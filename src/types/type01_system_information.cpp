@@ -1,4 +1,4 @@
-#include "types/type1_system_information.h"
+#include "types/type01_system_information.h"
 
 #include <memory>
 #include <utility>
