@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "firmware/firmware_access.h"
+#include "model/firmware_access.h"
 #include "platform/win32.h"
 
 namespace kestrel {

@@ -197,10 +197,9 @@ std::optional<std::uint64_t> Image::FindTable(const EntryPointFacts& entryPoint)
 // Whether a whole structure begins there.
 bool Image::HoldsStructure(std::uint64_t offset) {
   const auto bytes = File.Read(offset, kLongestTable);
-  TableCursor cursor(bytes);
-  const std::uint8_t length = cursor.Peek(1);
-  MoveToNextStructure(cursor, 0);
-  return length >= kHeaderSize && bytes.size() >= length + std::size_t{2} && !cursor.IsPastEnd();
+  const WalkedStructure structure = WalkedStructureAt(bytes, 0);
+  return structure.Length >= kHeaderSize && structure.Length + std::size_t{2} <= bytes.size() &&
+         structure.Next <= bytes.size();
 }
 
 }  // namespace

@@ -1,9 +1,7 @@
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/code_text.h"
@@ -305,33 +303,31 @@ std::string SMType4Obj::GetMifTableRow(int& /*rowIndex*/) const {
 }  // namespace
 
 void SMBiosReader::ReadType4(TableCursor& cursor) {
-  auto object = std::make_unique<SMType4Obj>();
-  ReadHeader(*object, cursor);
-  object->SetSocketDesignation(cursor.U8());
-  object->SetProcessorType(cursor.U8());
-  object->SetProcessorFamily(cursor.U8());
-  object->SetProcessorManufacturer(cursor.U8());
-  std::array<std::uint8_t, 8> processorId{};
-  cursor.Bytes(processorId);
-  object->SetProcessorId(processorId);
-  object->SetProcessorVersion(cursor.U8());
-  object->SetVoltage(cursor.U8());
-  object->SetExternalClock(cursor.U16());
-  object->SetMaxSpeed(cursor.U16());
-  object->SetCurrentSpeed(cursor.U16());
-  object->SetStatus(cursor.U8());
-  object->SetProcessorUpgrade(cursor.U8());
-  object->SetL1CacheHandle(cursor.U16());
-  object->SetL2CacheHandle(cursor.U16());
-  object->SetL3CacheHandle(cursor.U16());
-  if (GetSpecVersion() >= kSmbios23) {
-    object->SetStringCount(6);
-    object->SetSerialNumber(cursor.U8());
-    object->SetAssetTag(cursor.U8());
-    object->SetPartNumber(cursor.U8());
-  }
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType4Obj>(cursor, [&](auto& object) {
+    object.SetSocketDesignation(cursor.U8());
+    object.SetProcessorType(cursor.U8());
+    object.SetProcessorFamily(cursor.U8());
+    object.SetProcessorManufacturer(cursor.U8());
+    std::array<std::uint8_t, 8> processorId{};
+    cursor.Bytes(processorId);
+    object.SetProcessorId(processorId);
+    object.SetProcessorVersion(cursor.U8());
+    object.SetVoltage(cursor.U8());
+    object.SetExternalClock(cursor.U16());
+    object.SetMaxSpeed(cursor.U16());
+    object.SetCurrentSpeed(cursor.U16());
+    object.SetStatus(cursor.U8());
+    object.SetProcessorUpgrade(cursor.U8());
+    object.SetL1CacheHandle(cursor.U16());
+    object.SetL2CacheHandle(cursor.U16());
+    object.SetL3CacheHandle(cursor.U16());
+    if (GetSpecVersion() >= kSmbios23) {
+      object.SetStringCount(6);
+      object.SetSerialNumber(cursor.U8());
+      object.SetAssetTag(cursor.U8());
+      object.SetPartNumber(cursor.U8());
+    }
+  });
 }
 
 }  // namespace kestrel

@@ -3,11 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "base/table_cursor.h"
@@ -156,25 +154,24 @@ std::string SMType5Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType5(TableCursor& cursor) {
-  auto object = std::make_unique<SMType5Obj>();
-  ReadHeader(*object, cursor);
-  object->SetErrorDetectingMethod(cursor.U8());
-  object->SetErrorCorrectingCapability(cursor.U8());
-  object->SetSupportedInterleave(cursor.U8());
-  object->SetCurrentInterleave(cursor.U8());
-  object->SetMaximumMemoryModuleSize(cursor.U8());
-  object->SetSupportedSpeeds(cursor.U16());
-  object->SetSupportedMemoryTypes(cursor.U16());
-  object->SetMemoryModuleVoltage(cursor.U8());
-  object->SetNumberOfAssociatedSlots(cursor.U8());
-  std::array<std::uint16_t, 0xFF> handles{};
-  const std::uint8_t count = object->GetNumberOfAssociatedSlots();
-  for (std::uint16_t& handle : std::span(handles).first(count)) {
-    handle = cursor.U16();
-  }
-  object->SetMemoryModuleHandles(handles.data(), count);
-  object->SetEnabledErrorCorrectingCapabilities(cursor.U8());
-  AppendObject(std::move(object));
+  ReadStructure<SMType5Obj>(cursor, [&](auto& object) {
+    object.SetErrorDetectingMethod(cursor.U8());
+    object.SetErrorCorrectingCapability(cursor.U8());
+    object.SetSupportedInterleave(cursor.U8());
+    object.SetCurrentInterleave(cursor.U8());
+    object.SetMaximumMemoryModuleSize(cursor.U8());
+    object.SetSupportedSpeeds(cursor.U16());
+    object.SetSupportedMemoryTypes(cursor.U16());
+    object.SetMemoryModuleVoltage(cursor.U8());
+    object.SetNumberOfAssociatedSlots(cursor.U8());
+    std::array<std::uint16_t, 0xFF> handles{};
+    const std::uint8_t count = object.GetNumberOfAssociatedSlots();
+    for (std::uint16_t& handle : std::span(handles).first(count)) {
+      handle = cursor.U16();
+    }
+    object.SetMemoryModuleHandles(handles.data(), count);
+    object.SetEnabledErrorCorrectingCapabilities(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
@@ -157,15 +154,13 @@ std::string SMType8Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType8(TableCursor& cursor) {
-  auto object = std::make_unique<SMType8Obj>();
-  ReadHeader(*object, cursor);
-  object->SetInternalReferenceDesignator(cursor.U8());
-  object->SetInternalConnectorType(cursor.U8());
-  object->SetExternalReferenceDesignator(cursor.U8());
-  object->SetExternalConnectorType(cursor.U8());
-  object->SetPortType(cursor.U8());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType8Obj>(cursor, [&](auto& object) {
+    object.SetInternalReferenceDesignator(cursor.U8());
+    object.SetInternalConnectorType(cursor.U8());
+    object.SetExternalReferenceDesignator(cursor.U8());
+    object.SetExternalConnectorType(cursor.U8());
+    object.SetPortType(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

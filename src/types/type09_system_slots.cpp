@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/mif_row.h"
@@ -142,18 +139,16 @@ std::string SMType9Obj::GetMifTableRow(int& rowIndex) const {
 }  // namespace
 
 void SMBiosReader::ReadType9(TableCursor& cursor) {
-  auto object = std::make_unique<SMType9Obj>();
-  ReadHeader(*object, cursor);
-  object->SetSlotDesignation(cursor.U8());
-  object->SetSlotType(cursor.U8());
-  object->SetSlotDataBusWidth(cursor.U8());
-  object->SetCurrentUsage(cursor.U8());
-  object->SetSlotLength(cursor.U8());
-  object->SetSlotId(cursor.U16());
-  object->SetSlotCharacteristics1(cursor.U8());
-  object->SetSlotCharacteristics2(cursor.U8());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType9Obj>(cursor, [&](auto& object) {
+    object.SetSlotDesignation(cursor.U8());
+    object.SetSlotType(cursor.U8());
+    object.SetSlotDataBusWidth(cursor.U8());
+    object.SetCurrentUsage(cursor.U8());
+    object.SetSlotLength(cursor.U8());
+    object.SetSlotId(cursor.U16());
+    object.SetSlotCharacteristics1(cursor.U8());
+    object.SetSlotCharacteristics2(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

@@ -1,5 +1,4 @@
 #include <cstddef>
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -68,18 +67,16 @@ std::uint8_t CountDevices(std::uint8_t length) {
 }  // namespace
 
 void SMBiosReader::ReadType10(TableCursor& cursor) {
-  auto object = std::make_unique<SMType10Obj>();
-  ReadHeader(*object, cursor);
-  object->SetDeviceCount(CountDevices(object->GetLength()));
-  object->SetStringCount(object->GetDeviceCount());
-  std::vector<Device> devices(object->GetDeviceCount());
-  for (Device& device : devices) {
-    device.TypeAndEnabled = cursor.U8();
-    device.Description = cursor.U8();
-  }
-  object->SetDevices(std::move(devices));
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType10Obj>(cursor, [&](auto& object) {
+    object.SetDeviceCount(CountDevices(object.GetLength()));
+    object.SetStringCount(object.GetDeviceCount());
+    std::vector<Device> devices(object.GetDeviceCount());
+    for (Device& device : devices) {
+      device.TypeAndEnabled = cursor.U8();
+      device.Description = cursor.U8();
+    }
+    object.SetDevices(std::move(devices));
+  });
 }
 
 }  // namespace kestrel

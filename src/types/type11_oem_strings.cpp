@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
 #include "types/string_list_obj.h"
@@ -19,12 +16,10 @@ class SMType11Obj final : public SMStringListObj {
 }  // namespace
 
 void SMBiosReader::ReadType11(TableCursor& cursor) {
-  auto object = std::make_unique<SMType11Obj>();
-  ReadHeader(*object, cursor);
-  object->SetCount(cursor.U8());
-  object->SetStringCount(object->GetCount());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType11Obj>(cursor, [&](auto& object) {
+    object.SetCount(cursor.U8());
+    object.SetStringCount(object.GetCount());
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,4 @@
 #include <cstddef>
-#include <memory>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/code_text.h"
@@ -109,20 +107,19 @@ std::string SMType15Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType15(TableCursor& cursor) {
-  auto object = std::make_unique<SMType15Obj>();
-  ReadHeader(*object, cursor);
-  object->SetLogAreaLength(cursor.U16());
-  object->SetLogHeaderStartOffset(cursor.U16());
-  object->SetLogDataStartOffset(cursor.U16());
-  object->SetAccessMethod(cursor.U8());
-  object->SetLogStatus(cursor.U8());
-  object->SetLogChangeToken(cursor.U32());
-  object->SetAccessMethodAddress(cursor.U32());
-  object->SetLogHeaderFormat(cursor.U8());
-  object->SetNumberOfSupportedLogTypeDescriptors(cursor.U8());
-  object->SetLengthOfLogTypeDescriptor(cursor.U8());
-  cursor.Skip(object->GetDescriptorsSize());
-  AppendObject(std::move(object));
+  ReadStructure<SMType15Obj>(cursor, [&](auto& object) {
+    object.SetLogAreaLength(cursor.U16());
+    object.SetLogHeaderStartOffset(cursor.U16());
+    object.SetLogDataStartOffset(cursor.U16());
+    object.SetAccessMethod(cursor.U8());
+    object.SetLogStatus(cursor.U8());
+    object.SetLogChangeToken(cursor.U32());
+    object.SetAccessMethodAddress(cursor.U32());
+    object.SetLogHeaderFormat(cursor.U8());
+    object.SetNumberOfSupportedLogTypeDescriptors(cursor.U8());
+    object.SetLengthOfLogTypeDescriptor(cursor.U8());
+    cursor.Skip(object.GetDescriptorsSize());
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/mif_row.h"
 #include "model/smbios_reader.h"
@@ -96,29 +93,27 @@ std::string SMType17Obj::GetMifTableRow(int& rowIndex) const {
 }  // namespace
 
 void SMBiosReader::ReadType17(TableCursor& cursor) {
-  auto object = std::make_unique<SMType17Obj>();
-  ReadHeader(*object, cursor);
-  object->SetPhysicalMemoryArrayHandle(cursor.U16());
-  object->SetMemoryErrorInformationHandle(cursor.U16());
-  object->SetTotalWidth(cursor.U16());
-  object->SetDataWidth(cursor.U16());
-  object->SetSize(cursor.U16());
-  object->SetFormFactor(cursor.U8());
-  object->SetDeviceSet(cursor.U8());
-  object->SetDeviceLocator(cursor.U8());
-  object->SetBankLocator(cursor.U8());
-  object->SetMemoryType(cursor.U8());
-  object->SetTypeDetail(cursor.U16());
-  object->SetSpeed(cursor.U16());
-  if (GetSpecVersion() >= kSmbios23) {
-    object->SetStringCount(6);
-    object->SetManufacturer(cursor.U8());
-    object->SetSerialNumber(cursor.U8());
-    object->SetAssetTag(cursor.U8());
-    object->SetPartNumber(cursor.U8());
-  }
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType17Obj>(cursor, [&](auto& object) {
+    object.SetPhysicalMemoryArrayHandle(cursor.U16());
+    object.SetMemoryErrorInformationHandle(cursor.U16());
+    object.SetTotalWidth(cursor.U16());
+    object.SetDataWidth(cursor.U16());
+    object.SetSize(cursor.U16());
+    object.SetFormFactor(cursor.U8());
+    object.SetDeviceSet(cursor.U8());
+    object.SetDeviceLocator(cursor.U8());
+    object.SetBankLocator(cursor.U8());
+    object.SetMemoryType(cursor.U8());
+    object.SetTypeDetail(cursor.U16());
+    object.SetSpeed(cursor.U16());
+    if (GetSpecVersion() >= kSmbios23) {
+      object.SetStringCount(6);
+      object.SetManufacturer(cursor.U8());
+      object.SetSerialNumber(cursor.U8());
+      object.SetAssetTag(cursor.U8());
+      object.SetPartNumber(cursor.U8());
+    }
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
 #include "model/text_block.h"
@@ -51,13 +48,12 @@ std::string SMType18Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType18(TableCursor& cursor) {
-  auto object = std::make_unique<SMType18Obj>();
-  ReadHeader(*object, cursor);
-  ReadMemoryErrorFields(*object, cursor);
-  object->SetMemoryArrayErrorAddress(cursor.U32());
-  object->SetDeviceErrorAddress(cursor.U32());
-  object->SetErrorResolution(cursor.U32());
-  AppendObject(std::move(object));
+  ReadStructure<SMType18Obj>(cursor, [&](auto& object) {
+    ReadMemoryErrorFields(object, cursor);
+    object.SetMemoryArrayErrorAddress(cursor.U32());
+    object.SetDeviceErrorAddress(cursor.U32());
+    object.SetErrorResolution(cursor.U32());
+  });
 }
 
 }  // namespace kestrel

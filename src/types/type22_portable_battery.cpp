@@ -1,7 +1,5 @@
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/code_text.h"
@@ -136,25 +134,23 @@ std::string SMType22Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType22(TableCursor& cursor) {
-  auto object = std::make_unique<SMType22Obj>();
-  ReadHeader(*object, cursor);
-  object->SetLocation(cursor.U8());
-  object->SetManufacturer(cursor.U8());
-  object->SetManufactureDate(cursor.U8());
-  object->SetSerialNumber(cursor.U8());
-  object->SetDeviceName(cursor.U8());
-  object->SetDeviceChemistry(cursor.U8());
-  object->SetDesignCapacity(cursor.U16());
-  object->SetDesignVoltage(cursor.U16());
-  object->SetSbdsVersionNumber(cursor.U8());
-  object->SetMaximumErrorInBatteryData(cursor.U8());
-  object->SetSbdsSerialNumber(cursor.U16());
-  object->SetSbdsManufactureDate(cursor.U16());
-  object->SetSbdsDeviceChemistry(cursor.U8());
-  object->SetDesignCapacityMultiplier(cursor.U8());
-  object->SetOemSpecific(cursor.U32());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType22Obj>(cursor, [&](auto& object) {
+    object.SetLocation(cursor.U8());
+    object.SetManufacturer(cursor.U8());
+    object.SetManufactureDate(cursor.U8());
+    object.SetSerialNumber(cursor.U8());
+    object.SetDeviceName(cursor.U8());
+    object.SetDeviceChemistry(cursor.U8());
+    object.SetDesignCapacity(cursor.U16());
+    object.SetDesignVoltage(cursor.U16());
+    object.SetSbdsVersionNumber(cursor.U8());
+    object.SetMaximumErrorInBatteryData(cursor.U8());
+    object.SetSbdsSerialNumber(cursor.U16());
+    object.SetSbdsManufactureDate(cursor.U16());
+    object.SetSbdsDeviceChemistry(cursor.U8());
+    object.SetDesignCapacityMultiplier(cursor.U8());
+    object.SetOemSpecific(cursor.U32());
+  });
 }
 
 }  // namespace kestrel

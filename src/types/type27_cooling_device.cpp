@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
@@ -80,14 +77,13 @@ std::string SMType27Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType27(TableCursor& cursor) {
-  auto object = std::make_unique<SMType27Obj>();
-  ReadHeader(*object, cursor);
-  object->SetTemperatureProbeHandle(cursor.U16());
-  object->SetDeviceTypeAndStatus(cursor.U8());
-  object->SetCoolingUnitGroup(cursor.U8());
-  object->SetOemDefined(cursor.U32());
-  object->SetNominalSpeed(cursor.U16());
-  AppendObject(std::move(object));
+  ReadStructure<SMType27Obj>(cursor, [&](auto& object) {
+    object.SetTemperatureProbeHandle(cursor.U16());
+    object.SetDeviceTypeAndStatus(cursor.U8());
+    object.SetCoolingUnitGroup(cursor.U8());
+    object.SetOemDefined(cursor.U32());
+    object.SetNominalSpeed(cursor.U16());
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
 #include "types/probe.h"
@@ -22,11 +19,7 @@ class SMType29Obj final : public SMProbeObj {
 }  // namespace
 
 void SMBiosReader::ReadType29(TableCursor& cursor) {
-  auto object = std::make_unique<SMType29Obj>();
-  ReadHeader(*object, cursor);
-  ReadProbeFields(*object, cursor);
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType29Obj>(cursor, [&](auto& object) { ReadProbeFields(object, cursor); });
 }
 
 }  // namespace kestrel

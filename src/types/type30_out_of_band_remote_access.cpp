@@ -1,8 +1,6 @@
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
@@ -52,12 +50,10 @@ std::string SMType30Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType30(TableCursor& cursor) {
-  auto object = std::make_unique<SMType30Obj>();
-  ReadHeader(*object, cursor);
-  object->SetManufacturerName(cursor.U8());
-  object->SetConnections(cursor.U8());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType30Obj>(cursor, [&](auto& object) {
+    object.SetManufacturerName(cursor.U8());
+    object.SetConnections(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
@@ -61,13 +58,12 @@ std::string SMType33Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType33(TableCursor& cursor) {
-  auto object = std::make_unique<SMType33Obj>();
-  ReadHeader(*object, cursor);
-  ReadMemoryErrorFields(*object, cursor);
-  object->SetMemoryArrayErrorAddress(cursor.U64());
-  object->SetDeviceErrorAddress(cursor.U64());
-  object->SetErrorResolution(cursor.U32());
-  AppendObject(std::move(object));
+  ReadStructure<SMType33Obj>(cursor, [&](auto& object) {
+    ReadMemoryErrorFields(object, cursor);
+    object.SetMemoryArrayErrorAddress(cursor.U64());
+    object.SetDeviceErrorAddress(cursor.U64());
+    object.SetErrorResolution(cursor.U32());
+  });
 }
 
 }  // namespace kestrel

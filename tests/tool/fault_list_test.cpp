@@ -28,9 +28,10 @@ SmbiosTable Sample() {
   SmbiosTable table;
   table.Bytes = MakeSampleTable();
   const auto length = static_cast<std::uint16_t>(table.Bytes.size());
-  table.EntryPoint = ParseEntryPoint(MakeEntryPoint(kSampleVersion, 0x20, length,
-                                                    MeasureTable(table.Bytes, length, false)))
-                         .value();
+  table.EntryPoint =
+      ParseEntryPoint(MakeEntryPoint(kSampleVersion, 0x20, length,
+                                     MeasureTable(table.Bytes, length, EntryPointKind::Bits32)))
+          .value();
   return table;
 }
 
