@@ -17,7 +17,7 @@ namespace kestrel {
 
 class SMType0Obj;
 class TableCursor;
-struct MifGroupText;
+struct MifGroup;
 
 // The structure table as the firmware handed it over.
 struct TableCopy {
@@ -126,7 +126,10 @@ class SMBiosReader {
   // Moves past the end of a string and returns the new position.
   static std::size_t SkipString(TableCursor& cursor);
 
-  std::string MakeGroup(const MifGroupText& group, int& idCounter) const;
+  // Checks the data of the group as it is compiled (mif/mif_group_checks.h), then writes it.
+  template <const MifGroup& Group>
+  std::string MakeGroup(int& idCounter) const;
+  std::string WriteGroup(const MifGroup& group, int& idCounter) const;
   // Empty, and the counter untouched, if the table has no rows.
   std::string MakeMifTable(int& idCounter, std::uint8_t tableCode) const;
   std::string CollectMifRows(std::uint8_t tableCode) const;

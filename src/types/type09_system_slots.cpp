@@ -133,7 +133,7 @@ std::string SMType9Obj::GetMifTableRow(int& rowIndex) const {
   // The type is the stored code, not the bit field that consoles are told of, and the description
   // stays empty: intended.
   return MifRow(
-      {TakeRowIndex(rowIndex), SlotType, SlotDataBusWidth, CurrentUsage, kEmptyMifString});
+      {rowIndex++, SlotType, SlotDataBusWidth, CurrentUsage, kEmptyMifString});
 }
 
 }  // namespace

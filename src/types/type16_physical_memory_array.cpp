@@ -36,7 +36,7 @@ class SMType16Obj final : public SMObj {
 // Handles are not followed: attributes that other structures describe have the group's default.
 std::string SMType16Obj::GetMifTableRow(int& rowIndex) const {
   return MifRow({
-      TakeRowIndex(rowIndex),
+      rowIndex++,
       Location,  // Even where the group numbers its locations differently: intended.
       Use, MaximumCapacity, NumberOfMemoryDevices,
       0U,  // Sockets in use.

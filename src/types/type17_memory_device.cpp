@@ -63,7 +63,7 @@ class SMType17Obj final : public SMObj {
 // Handles are not followed: attributes that other structures describe have the group's default.
 std::string SMType17Obj::GetMifTableRow(int& rowIndex) const {
   return MifRow({
-      TakeRowIndex(rowIndex),
+      rowIndex++,
       0U,  // Memory array.
       GetString(DeviceLocator),
       GetString(BankLocator),

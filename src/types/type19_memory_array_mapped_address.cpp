@@ -30,7 +30,7 @@ class SMType19Obj final : public SMObj {
 // Handles are not followed: attributes that other structures describe have the group's default.
 std::string SMType19Obj::GetMifTableRow(int& rowIndex) const {
   return MifRow({
-      TakeRowIndex(rowIndex),
+      rowIndex++,
       0U,  // Memory array.
       StartingAddress, EndingAddress,
       0U,  // Partition.

@@ -37,7 +37,7 @@ class SMType20Obj final : public SMObj {
 
 std::string SMType20Obj::GetMifTableRow(int& rowIndex) const {
   // The n-th range names the n-th memory device, whatever its handle: intended.
-  const std::uint32_t index = TakeRowIndex(rowIndex);
+  const int index = rowIndex++;
   return MifRow({
       index,
       index,

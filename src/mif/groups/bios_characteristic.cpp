@@ -1,5 +1,5 @@
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -73,7 +73,7 @@ constexpr MifGroup kBiosCharacteristicGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakeBiosCharacteristicGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kBiosCharacteristicGroup>, idCounter);
+  return MakeGroup<kBiosCharacteristicGroup>(idCounter);
 }
 
 }  // namespace kestrel

@@ -1,6 +1,6 @@
 #include "mif/groups/shared_data.h"
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -197,7 +197,7 @@ constexpr MifGroup kMemoryDeviceGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakeMemoryDeviceGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kMemoryDeviceGroup>, idCounter);
+  return MakeGroup<kMemoryDeviceGroup>(idCounter);
 }
 
 }  // namespace kestrel

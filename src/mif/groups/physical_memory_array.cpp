@@ -1,6 +1,6 @@
 #include "mif/groups/shared_data.h"
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -153,7 +153,7 @@ constexpr MifGroup kPhysicalMemoryArrayGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakePhysicalMemoryArrayGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kPhysicalMemoryArrayGroup>, idCounter);
+  return MakeGroup<kPhysicalMemoryArrayGroup>(idCounter);
 }
 
 }  // namespace kestrel

@@ -1,6 +1,6 @@
 #include "mif/groups/shared_data.h"
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -205,7 +205,7 @@ constexpr MifGroup kProcessorGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakeProcessorGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kProcessorGroup>, idCounter);
+  return MakeGroup<kProcessorGroup>(idCounter);
 }
 
 }  // namespace kestrel

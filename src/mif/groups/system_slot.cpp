@@ -1,5 +1,5 @@
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -79,7 +79,7 @@ constexpr MifGroup kSystemSlotGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakeSystemSlotGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kSystemSlotGroup>, idCounter);
+  return MakeGroup<kSystemSlotGroup>(idCounter);
 }
 
 }  // namespace kestrel
