@@ -9,9 +9,11 @@ namespace {
 
 constexpr std::string_view kSlashes = "////////////////////////////////////////////////////\r\n";
 
-void AppendDescription(std::string& text, std::string_view indent, std::string_view description,
-                       std::string_view continuationIndent) {
-  Append(text, {indent, "Description = "});
+// The description's line, which stands after `tabs` tabs, and its continuation lines.
+void AppendDescription(std::string& text, std::size_t tabs, std::string_view description,
+                       std::size_t continuationTabs) {
+  text.append(tabs, '\t');
+  text.append("Description = ");
   for (;;) {
     const std::size_t end = description.find('\n');
     Append(text, {"\"", description.substr(0, end), "\"\r\n"});
@@ -19,7 +21,7 @@ void AppendDescription(std::string& text, std::string_view indent, std::string_v
       return;
     }
     description.remove_prefix(end + 1);
-    text.append(continuationIndent);
+    text.append(continuationTabs, '\t');
   }
 }
 
@@ -39,7 +41,7 @@ void AppendAttribute(std::string& text, const MifAttribute& attribute, int id,
                      const SMBiosReader& reader) {
   Append(text, {"\tStart Attribute\r\n\t\tName = \"", attribute.Name,
                 "\"\r\n\t\tID = ", SignedDecimal(id), "\r\n"});
-  AppendDescription(text, "\t\t", attribute.Description, attribute.ContinuationIndent);
+  AppendDescription(text, 2, attribute.Description, attribute.ContinuationTabs);
   Append(text, {"\t\tAccess = Read-Only\r\n\t\tStorage = ", attribute.Storage, "\r\n"});
   AppendType(text, attribute);
   if (attribute.GetValue != nullptr) {
@@ -64,7 +66,7 @@ std::string SMBiosReader::WriteGroup(const MifGroup& group, int& idCounter) cons
     // A group with rows is the template of its table, which then carries the ID.
     Append(text, {"\tID = ", SignedDecimal(idCounter++), "\r\n"});
   }
-  AppendDescription(text, "\t", group.Description, "\t\t");
+  AppendDescription(text, 1, group.Description, 2);
   if (!group.Key.empty()) {
     Append(text, {"\tKey = ", group.Key, "\r\n"});
   }

@@ -55,8 +55,8 @@ struct MifAttribute {
   std::string_view Description = {};
   std::span<const MifEnumItem> Items = {};
   std::string_view EnumWord = kEnumCapitals;
-  // Precedes each literal of the description except the first.
-  std::string_view ContinuationIndent = "\t\t\t";
+  // The tabs before each literal of the description except the first.
+  std::uint8_t ContinuationTabs = 3;
 };
 
 // The table code of the BIOS characteristics, whose rows come from the first BIOS Information

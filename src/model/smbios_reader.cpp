@@ -27,14 +27,8 @@ void SMBiosReader::CollectStrings(SMObj& object, TableCursor& cursor) const {
   if (object.GetStringCount() == 0) {
     return;
   }
-  const std::size_t start = StructureStart + object.GetLength();
-  unsigned held = 0;
-  for (cursor.MoveTo(start); held < object.GetStringCount() && cursor.Peek() != 0; ++held) {
-    SkipString(cursor);
-  }
-  object.ReserveStrings(held);
-  cursor.MoveTo(start);
-  for (unsigned taken = 0; taken < held; ++taken) {
+  cursor.MoveTo(StructureStart + object.GetLength());
+  for (unsigned left = object.GetStringCount(); left != 0 && cursor.Peek() != 0; --left) {
     object.AddString(cursor.String());
     SkipString(cursor);
   }

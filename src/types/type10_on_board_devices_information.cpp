@@ -53,7 +53,7 @@ class SMType10Obj final : public SMObj {
 std::string SMType10Obj::ToString() const {
   TextBlock block("On Board Devices Information (Type 10)");
   for (std::size_t index = 0; index < Devices.size(); ++index) {
-    block.Item({Decimal(index), ") ", GetDeviceText(Devices[index])});
+    block.Item(ItemText{Decimal(index), ") ", GetDeviceText(Devices[index])});
   }
   return block.Close();
 }

@@ -29,7 +29,10 @@ LibraryView ReadAsLibrary(CommandRun& run) {
 
 std::string MakeReport(CommandRun& run) {
   std::string report = ReadAsLibrary(run).Reader->BuildTextReport();
-  return run.Line.Exact ? report : ToConsoleText(report);
+  if (!run.Line.Exact) {
+    report = ToConsoleText(report);
+  }
+  return report;
 }
 
 std::string MakeMif(CommandRun& run) { return ReadAsLibrary(run).Reader->ObjsToMifString(); }

@@ -51,7 +51,7 @@ constexpr MifAttribute kMemoryDeviceAttributes[] = {
      .Description = "A string identifying the physically labeled socket or board \n"
                     "position where the memory device is located. E.g. 'SIMM 3' or \n"
                     "'IC12'.",
-     .ContinuationIndent = "\t\t"},  // One tab less than elsewhere: intended.
+     .ContinuationTabs = 2},  // One tab less than elsewhere.
     {.Name = "Bank Locator",
      .Storage = kSpecific,
      .Type = kDisplayString64,
