@@ -77,7 +77,7 @@ class SMType5Obj final : public SMObj {
             TextOfCode(kErrorDetectingMethods, ErrorDetectingMethod, kUnknown)};
   }
   ItemText GetErrorCorrectingCapabilityText() const {
-    // Nothing between two capabilities: intended.
+    // Nothing between two capabilities.
     return {"Error Correcting Capability : ",
             TextOfBits(kErrorCorrectingCapabilities, ErrorCorrectingCapability, "")};
   }
@@ -122,7 +122,7 @@ class SMType5Obj final : public SMObj {
 };
 
 ItemText SMType5Obj::GetMemoryModuleVoltageText() const {
-  // Of several voltages only the first is shown: intended.
+  // Of several voltages only the first is shown.
   const auto bit = static_cast<std::size_t>(std::countr_zero(MemoryModuleVoltage));
   return {"Memory Module Voltage : ", bit < std::size(kVoltages) ? kVoltages[bit] : kUnknown};
 }
@@ -130,7 +130,7 @@ ItemText SMType5Obj::GetMemoryModuleVoltageText() const {
 ItemText SMType5Obj::GetMemoryModuleHandlesText() const {
   ItemText text{"Memory Module Configuration Handles :"};
   for (const std::uint16_t handle : MemoryModuleHandles) {
-    // At least two digits, though a handle has four: intended.
+    // At least two digits, though a handle has four.
     text.Append({" ", Hex(handle, 2), "h"});
   }
   return text;

@@ -173,9 +173,8 @@ std::string SMType7Obj::ToString() const {
 
 std::string SMType7Obj::GetMifTableRow(int& rowIndex) const {
   // The table counts levels from 3, its code of a primary cache.
-  return MifRow({rowIndex++, GetStoredLevel() + 3U, CacheSpeed,
-                 KilobytesOf(InstalledSize), GetOperationalMode().WritePolicy, ErrorCorrectionType,
-                 0U, 0U, SystemCacheType});
+  return MifRow({rowIndex++, GetStoredLevel() + 3U, CacheSpeed, KilobytesOf(InstalledSize),
+                 GetOperationalMode().WritePolicy, ErrorCorrectionType, 0U, 0U, SystemCacheType});
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ constexpr CodeText kConnectorTypes[] = {
     {0x20, "BNC"},
     {0x21, "1394"},
     {0xA0, "PC-98"},
-    {0xA1, "PC-98Hireso"},  // One hyphen here, two among the port types: intended.
+    {0xA1, "PC-98Hireso"},  // One hyphen here, two among the port types.
     {0xA2, "PC-H98"},
     {0xA3, "PC-98Note"},
     {0xA4, "PC-98Full"},

@@ -97,7 +97,7 @@ class SMType9Obj final : public SMObj {
   }
   ItemText GetSlotIdText() const { return {"Slot ID : ", Hex(SlotId, 4), "h"}; }
   ItemText GetSlotCharacteristics1Text() const {
-    // The texts of the characteristics run into each other: intended.
+    // The texts of the characteristics run into each other.
     return {"Slot Characteristics 1 : ",
             TextOfBits(kSlotCharacteristics, SlotCharacteristics1, "")};
   }
@@ -131,9 +131,8 @@ std::string SMType9Obj::ToString() const {
 
 std::string SMType9Obj::GetMifTableRow(int& rowIndex) const {
   // The type is the stored code, not the bit field that consoles are told of, and the description
-  // stays empty: intended.
-  return MifRow(
-      {rowIndex++, SlotType, SlotDataBusWidth, CurrentUsage, kEmptyMifString});
+  // stays empty.
+  return MifRow({rowIndex++, SlotType, SlotDataBusWidth, CurrentUsage, kEmptyMifString});
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ class SMType14Obj final : public SMObj {
 
   ItemText GetGroupNameText() const { return {"Group Name : ", GetString(GroupName)}; }
   ItemText GetItemTypeText() const { return {"Item Type : ", Decimal(ItemType)}; }
-  // Decimal, unlike other handles: intended.
+  // Decimal, unlike other handles.
   ItemText GetItemHandleText() const { return {"Item Handle : ", Decimal(ItemHandle)}; }
 
   std::string ToString() const override;

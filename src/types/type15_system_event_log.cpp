@@ -48,7 +48,7 @@ class SMType15Obj final : public SMObj {
   }
 
   ItemText GetLogAreaLengthText() const { return {"Log Area Length : ", Decimal(LogAreaLength)}; }
-  // No "h" after the digits in this block: intended.
+  // No "h" after the digits in this block.
   ItemText GetLogHeaderStartOffsetText() const {
     return {"Log Header Start Offset : ", Hex(LogHeaderStartOffset, 4)};
   }
@@ -56,7 +56,7 @@ class SMType15Obj final : public SMObj {
     return {"Log Data Start Offset : ", Hex(LogDataStartOffset, 4)};
   }
   ItemText GetAccessMethodText() const { return {"Access Method : ", Hex(AccessMethod, 2)}; }
-  // A lower-case "s": intended.
+  // A lower-case "s".
   ItemText GetLogStatusText() const { return {"Log status : ", Hex(LogStatus, 2)}; }
   ItemText GetLogChangeTokenText() const { return {"Log Change Token : ", Hex(LogChangeToken, 8)}; }
   ItemText GetAccessMethodAddressText() const {
@@ -69,7 +69,7 @@ class SMType15Obj final : public SMObj {
     return {"Number of Supported Log Type Descriptors : ",
             Decimal(NumberOfSupportedLogTypeDescriptors)};
   }
-  // "each" before a plural: intended.
+  // "each" before a plural.
   ItemText GetLengthOfLogTypeDescriptorText() const {
     return {"Length of each Log Type Descriptors : ", Decimal(LengthOfLogTypeDescriptor)};
   }

@@ -37,7 +37,7 @@ class SMType16Obj final : public SMObj {
 std::string SMType16Obj::GetMifTableRow(int& rowIndex) const {
   return MifRow({
       rowIndex++,
-      Location,  // Even where the group numbers its locations differently: intended.
+      Location,  // Even where the group numbers its locations differently.
       Use, MaximumCapacity, NumberOfMemoryDevices,
       0U,  // Sockets in use.
       MemoryErrorCorrection,

@@ -67,12 +67,12 @@ std::string SMType17Obj::GetMifTableRow(int& rowIndex) const {
       0U,  // Memory array.
       GetString(DeviceLocator),
       GetString(BankLocator),
-      Size & 0x7FFFU,  // Without regard to the unit, or to FFFFh for unknown: intended.
+      Size & 0x7FFFU,  // Without regard to the unit, or to FFFFh for unknown.
       FormFactor,
       TotalWidth,
       DataWidth,
       MemoryType,
-      TypeDetail,  // The bits, not a code of the group's enumeration: intended.
+      TypeDetail,  // The bits, not a code of the group's enumeration.
       DeviceSet,
       1U,               // Device error type.
       1U,               // Error granularity.
@@ -86,7 +86,7 @@ std::string SMType17Obj::GetMifTableRow(int& rowIndex) const {
       0U,               // Error resolution.
       0U,               // FRU group.
       0U,               // Operational group.
-      0U,               // Speed, although the structure has it: intended.
+      0U,               // Speed, although the structure has it.
   });
 }
 

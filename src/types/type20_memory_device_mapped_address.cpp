@@ -36,7 +36,7 @@ class SMType20Obj final : public SMObj {
 };
 
 std::string SMType20Obj::GetMifTableRow(int& rowIndex) const {
-  // The n-th range names the n-th memory device, whatever its handle: intended.
+  // The n-th range names the n-th memory device, whatever its handle.
   const int index = rowIndex++;
   return MifRow({
       index,

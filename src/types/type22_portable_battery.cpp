@@ -48,7 +48,7 @@ class SMType22Obj final : public SMObj {
 
   ItemText GetLocationText() const { return {"Location : ", GetString(Location)}; }
   ItemText GetManufacturerText() const { return {"Manufacturer : ", GetString(Manufacturer)}; }
-  // "Manufacturer", not "Manufacture": intended.
+  // "Manufacturer", not "Manufacture".
   ItemText GetManufactureDateText() const {
     return {"Manufacturer Date : ", GetString(ManufactureDate)};
   }
@@ -73,7 +73,7 @@ class SMType22Obj final : public SMObj {
   ItemText GetSbdsSerialNumberText() const {
     return {"SBDS Serial Number : ", Hex(SbdsSerialNumber, 4)};
   }
-  // Years since 1980, not a calendar year: intended.
+  // Years since 1980, not a calendar year.
   ItemText GetSbdsManufactureDateText() const {
     return {"SBDS Manufacture Date : ",
             Decimal(SbdsManufactureDate >> 9U),

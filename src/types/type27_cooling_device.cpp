@@ -2,7 +2,7 @@
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
 #include "model/text_block.h"
-#include "types/probe.h"
+#include "types/probe_status.h"
 #include "types/reading.h"
 
 namespace kestrel {
@@ -50,7 +50,7 @@ class SMType27Obj final : public SMObj {
     if (NominalSpeed == kUnknownReading) {
       return {"Nominal Speed : ", kUnknown};
     }
-    // Hexadecimal, unlike other readings: intended.
+    // Hexadecimal, unlike other readings.
     return {"Nominal Speed : ", Hex(NominalSpeed, 4), "h"};
   }
 

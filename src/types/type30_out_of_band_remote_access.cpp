@@ -24,7 +24,7 @@ class SMType30Obj final : public SMObj {
   void SetManufacturerName(std::uint8_t value) { ManufacturerName = value; }
   void SetConnections(std::uint8_t value) { Connections = value; }
 
-  // "Description" for the manufacturer: intended.
+  // "Description" for the manufacturer.
   ItemText GetManufacturerNameText() const {
     return {"Description : ", GetString(ManufacturerName)};
   }

@@ -46,7 +46,7 @@ class SMType37Obj final : public SMObj {
     return {"Memory Device Count : ", Decimal(MemoryDeviceCount)};
   }
   // The label and the devices, each with its line end. The first device stands on the line of the
-  // label, two tabs after it: intended.
+  // label, two tabs after it.
   std::string GetMemoryDevicesText() const;
   ItemText GetMemoryDeviceText(std::size_t index) const {
     const MemoryChannelDevice& device = MemoryDevices[index];

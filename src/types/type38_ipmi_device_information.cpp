@@ -26,11 +26,11 @@ class SMType38Obj final : public SMObj {
   void SetNvStorageDeviceAddress(std::uint8_t value) { NvStorageDeviceAddress = value; }
   void SetBaseAddress(std::uint64_t value) { BaseAddress = value; }
 
-  // Nothing between label and value: intended.
+  // Nothing between label and value.
   ItemText GetInterfaceTypeText() const {
     return {"Interface Type", TextOfCode(kInterfaceTypes, InterfaceType, kNothing)};
   }
-  // One number, although the byte holds two BCD digits: intended.
+  // One number, although the byte holds two BCD digits.
   ItemText GetIpmiSpecificationRevisionText() const {
     return {"IPMI Specification Revision : ", Decimal(IpmiSpecificationRevision)};
   }

@@ -131,7 +131,7 @@ class SMType39Obj final : public SMObj {
 
 std::string SMType39Obj::GetPowerSupplyCharacteristicsText() const {
   std::string text;
-  // No blank after the colon: intended.
+  // No blank after the colon.
   Append(text, {"Power Supply Characteristic :", LineEnd});
   const auto append = [&](const ItemText& line) { Append(text, {"\t\t", line, LineEnd}); };
   append(GetHotReplaceableText());
@@ -154,7 +154,7 @@ std::string SMType39Obj::ToString() const {
   block.Item(GetModelPartNumberText());
   block.Item(GetRevisionLevelText());
   block.Item(GetMaxPowerCapacityText());
-  // Its item's line end leaves an empty line within the block: intended.
+  // Its item's line end leaves an empty line within the block.
   block.Item(GetPowerSupplyCharacteristicsText());
   block.Item(GetInputVoltageProbeHandleText());
   block.Item(GetCoolingDeviceHandleText());

@@ -18,7 +18,7 @@ constexpr MifEnumItem kBiosCharacteristic[] = {
     {9, "PnP Support"},
     {10, "APM Support"},
     {11, "Upgradeable BIOS"},
-    {12, "BIOS Shadowing allowe"},  // The missing "d": intended.
+    {12, "BIOS Shadowing allowe"},  // The missing "d".
     {13, "VL VESA Support"},
     {14, "ESCD Support"},
     {15, "LS-120 Support"},
