@@ -64,3 +64,10 @@ PhysicalView ViewOfRange(const PhysicalRange* range, Unsigned32 granularity) {
   view.Size = view.Skip + range->Length;
   return view;
 }
+
+void CopyBytes(unsigned char* to, const volatile unsigned char* from, Unsigned32 length) {
+  Unsigned32 index;
+  for (index = 0; index < length; ++index) {
+    to[index] = from[index];
+  }
+}

@@ -3,19 +3,15 @@
  * length, and then takes that many bytes; whatever else it asks for is refused here.
  *
  * This part decides and computes, and touches no memory but what it is handed. It is written in the
- * C of 1989 and includes nothing, so that the compilers of every driver take it.
+ * C of 1989 and needs no header of a system, so that the compilers of every driver take it.
  */
 #ifndef KESTREL_PHYSICAL_WINDOW_H
 #define KESTREL_PHYSICAL_WINDOW_H
 
+#include "control_codes.h"
+
 /* 32 bits wide with every compiler of every driver. */
 typedef unsigned int Unsigned32;
-
-/* The device control codes: device type 22h, functions 806h, 808h and 810h, buffered, any access.
- */
-#define WINDOW_NOTE_ADDRESS 0x222018u /* in: the address, 4 bytes */
-#define WINDOW_NOTE_LENGTH 0x222020u  /* in: the length, 4 bytes */
-#define WINDOW_COPY_MEMORY 0x222040u  /* out: as many bytes as the noted length */
 
 /* The longest structure table, and so the longest range. */
 #define WINDOW_LARGEST_LENGTH 65535u
@@ -56,5 +52,8 @@ typedef struct PhysicalView {
 
 /* `granularity`: the power of two, at most 64 KiB, of which the start has to be a multiple. */
 PhysicalView ViewOfRange(const PhysicalRange* range, Unsigned32 granularity);
+
+/* Copies byte by byte and reads none twice: what is read need not be ordinary memory. */
+void CopyBytes(unsigned char* to, const volatile unsigned char* from, Unsigned32 length);
 
 #endif

@@ -30,7 +30,7 @@ SmbiosTable TableOf(std::span<const std::uint8_t> input) {
   table.EntryPoint.TableLength = length;
   if (input[2] % 3 == 1 && length <= kLongestTable) {
     const auto entryPoint = MakeEntryPoint(version, 0, static_cast<std::uint16_t>(length),
-                                           MeasureTable(bytes, length, false));
+                                           MeasureTable(bytes, length, EntryPointKind::Bits32));
     table.EntryPoint = ParseEntryPoint(entryPoint).value();
   } else if (input[2] % 3 == 2) {
     table.EntryPoint = ParseEntryPoint(Make64BitEntryPoint(version, 0, length)).value();

@@ -7,13 +7,6 @@ enum { kViewGranularity = 0x10000 };
 
 static UNICODE_STRING memoryName = RTL_CONSTANT_STRING(L"\\Device\\PhysicalMemory");
 
-/* Byte by byte and nothing twice: what is mapped need not be ordinary memory. */
-static void CopyBytes(UCHAR* to, const volatile UCHAR* from, ULONG length) {
-  for (ULONG index = 0; index < length; ++index) {
-    to[index] = from[index];
-  }
-}
-
 static NTSTATUS MapView(HANDLE section, const PhysicalView* view, ULONG protection, void** base) {
   LARGE_INTEGER start = {.QuadPart = view->Start};
   SIZE_T size = view->Size;

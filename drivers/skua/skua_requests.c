@@ -87,14 +87,6 @@ static int LockBuffer(Unsigned32 address, Unsigned32 length, Unsigned32 access) 
   return 1;
 }
 
-/* Byte by byte and nothing twice: what is read need not be ordinary memory. */
-static void CopyBytes(unsigned char* to, const volatile unsigned char* from, Unsigned32 length) {
-  Unsigned32 index;
-  for (index = 0; index < length; ++index) {
-    to[index] = from[index];
-  }
-}
-
 /* Returns 0 for an input that is not there. Only one of 4 bytes is looked at. */
 static int ReadInput(const SkuaRequest* request, unsigned char* input) {
   if (request->InputLength != 4) {

@@ -6,10 +6,10 @@
 #include <string_view>
 
 #include "api/guard.h"
-#include "firmware/firmware_access.h"
 #include "kestrel.h"
+#include "model/firmware_access.h"
 #include "model/smbios_reader.h"
-#include "types/type0_bios_information.h"
+#include "types/type00_bios_information.h"
 
 namespace {
 

@@ -19,7 +19,6 @@ class TableCursor {
 
   std::size_t GetPosition() const { return Position; }
   bool IsAtEnd() const { return Position >= Table.size(); }
-  bool IsPastEnd() const { return Position > Table.size(); }
 
   void MoveTo(std::size_t position) { Position = position; }
   void Skip(std::size_t count) { Position += count; }

@@ -22,7 +22,7 @@ class Digits {
   constexpr std::size_t Size() const { return Characters.size() - First; }
 
  private:
-  // Twenty digits hold the largest 64-bit number.
+  // Twenty characters hold any 64-bit number, with its sign or without one.
   std::array<char, 20> Characters{};
   std::size_t First = Characters.size();
 };
@@ -34,6 +34,16 @@ constexpr Digits Decimal(std::uint64_t value) {
     digits.Prepend(static_cast<char>('0' + value % 10));
     value /= 10;
   } while (value != 0);
+  return digits;
+}
+
+// The same with a minus sign where the number is negative.
+constexpr Digits SignedDecimal(std::int64_t value) {
+  const auto bits = static_cast<std::uint64_t>(value);
+  Digits digits = Decimal(value < 0 ? 0 - bits : bits);
+  if (value < 0) {
+    digits.Prepend('-');
+  }
   return digits;
 }
 

@@ -4,6 +4,8 @@
 #include <memory>
 #include <utility>
 
+#include "drivers/control_codes.h"
+
 namespace kestrel {
 
 namespace {
@@ -12,11 +14,6 @@ constexpr const char* kVirtualDevice = R"(\\.\SKUA.VXD)";
 constexpr const char* kKernelDevice = R"(\\.\Petrel)";
 constexpr std::string_view kDriverFileNT4 = "PetrelNt.sys";
 constexpr std::string_view kDriverFile2000 = "Petrel.sys";
-
-// Both drivers: device type 22h, functions 806h, 808h and 810h, buffered, any access.
-constexpr DWORD kNoteAddress = 0x222018;
-constexpr DWORD kNoteLength = 0x222020;
-constexpr DWORD kCopyMemory = 0x222040;
 
 constexpr int kPolls = 10;
 constexpr DWORD kPollInterval = 1000;
@@ -85,6 +82,20 @@ Platform PlatformOf(const OSVERSIONINFOEXA& version) {
   }
 }
 
+// The length of the folder's name, with the backslash that ends it; 0 where the path has none. In a
+// double-byte code page the second byte of a character may be that of a backslash.
+std::size_t LengthOfFolder(std::string_view path) {
+  std::size_t length = 0;
+  for (std::size_t index = 0; index < path.size(); ++index) {
+    if (IsDBCSLeadByte(static_cast<BYTE>(path[index])) != FALSE) {
+      ++index;
+    } else if (path[index] == '\\') {
+      length = index + 1;
+    }
+  }
+  return length;
+}
+
 }  // namespace
 
 int AccessDriver::Open() {
@@ -118,12 +129,13 @@ int AccessDriver::Close() noexcept {
 
 std::uint32_t AccessDriver::ReadPhysical(std::uint32_t address, std::span<std::uint8_t> buffer) {
   const auto length = static_cast<DWORD>(buffer.size());
-  if (Device == nullptr || !Request(kNoteAddress, address) || !Request(kNoteLength, length)) {
+  if (Device == nullptr || !Request(WINDOW_NOTE_ADDRESS, address) ||
+      !Request(WINDOW_NOTE_LENGTH, length)) {
     return 0;
   }
   DWORD count = 0;
-  if (DeviceIoControl(Device, kCopyMemory, nullptr, 0, buffer.data(), length, &count, nullptr) ==
-      FALSE) {
+  if (DeviceIoControl(Device, WINDOW_COPY_MEMORY, nullptr, 0, buffer.data(), length, &count,
+                      nullptr) == FALSE) {
     return 0;
   }
   // A driver may claim more than the buffer holds.
@@ -171,13 +183,12 @@ bool AccessDriver::MakeDriverPath(std::string_view driverFile) {
   if (length == 0 || length >= DriverPath.size()) {
     return false;
   }
-  const std::size_t backslash = std::string_view(DriverPath.data(), length).rfind('\\');
-  const std::size_t directory = backslash == std::string_view::npos ? 0 : backslash + 1;
-  if (directory + driverFile.size() >= DriverPath.size()) {
+  const std::size_t folder = LengthOfFolder({DriverPath.data(), length});
+  if (folder + driverFile.size() >= DriverPath.size()) {
     return false;
   }
-  driverFile.copy(&DriverPath[directory], driverFile.size());
-  DriverPath[directory + driverFile.size()] = '\0';
+  driverFile.copy(&DriverPath[folder], driverFile.size());
+  DriverPath[folder + driverFile.size()] = '\0';
   return true;
 }
 

@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "firmware/firmware_access.h"
+#include "model/firmware_access.h"
 #include "platform/win32.h"
 
 namespace kestrel {
@@ -37,15 +37,18 @@ class AccessDriver final : public FirmwareAccess {
   Platform GetOsPlatform() const { return OsPlatform; }
 
  private:
+  // The steps of opening and closing return 1 or 0, as the exports that they serve do. Their parts
+  // return bool.
   int DetectPlatform();
-  bool OpenVirtualDevice();
-  bool OpenKernelDriver(std::string_view driverFile);
-  bool MakeDriverPath(std::string_view driverFile);
   static int LoadDriver(const char* serviceName, const char* driverPath);
   static int InstallService(const char* serviceName, const char* driverPath);
   static int StartService(const char* serviceName);
   static int RemoveService(const char* serviceName);
   int OpenDevice();
+
+  bool OpenVirtualDevice();
+  bool OpenKernelDriver(std::string_view driverFile);
+  bool MakeDriverPath(std::string_view driverFile);
   bool SetDevice(HANDLE device);
   bool CloseDevice();
   bool Request(DWORD code, std::uint32_t input);

@@ -4,7 +4,7 @@
 
 #include "base/entry_point_layout.h"
 #include "base/table_cursor.h"
-#include "firmware/firmware_access.h"
+#include "model/firmware_access.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {

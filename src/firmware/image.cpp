@@ -1,7 +1,6 @@
 #include "firmware/image.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 #include <vector>
 
@@ -56,6 +55,7 @@ class Image {
   SourceResult LoadRaw();
   SourceResult LoadTable(EntryPointFacts entryPoint, std::uint64_t offset);
   std::optional<std::uint64_t> FindTable(const EntryPointFacts& entryPoint);
+  bool HasOnlyZeros(std::uint64_t start, std::uint64_t end);
   bool HoldsStructure(std::uint64_t offset);
 
   FileReader& File;
@@ -168,39 +168,37 @@ SourceResult Image::LoadTable(EntryPointFacts entryPoint, std::uint64_t offset) 
 }
 
 // Many dumps keep the table's address in the machine's memory. In these the table follows the entry
-// point, which zeros may fill up to 20h bytes.
+// point, either directly or after zeros up to 20h.
 std::optional<std::uint64_t> Image::FindTable(const EntryPointFacts& entryPoint) {
   const std::uint64_t end = entryPoint.Bytes.size();
   const std::uint64_t address = entryPoint.TableAddress;
   if (address < File.GetSize()) {
     return address < end ? std::nullopt : std::optional(address);
   }
-  const auto fits = [&](std::uint64_t offset) {
-    return offset + entryPoint.TableLength == File.GetSize();
-  };
-  const auto between = File.Read(end, static_cast<std::size_t>(kUsualTableOffset - end));
-  const bool isFilledUp =
-      std::all_of(between.begin(), between.end(), [](std::uint8_t byte) { return byte == 0; });
-  // Bytes in the midst of a structure may look like another one, so the likelier place comes first.
-  std::array<std::uint64_t, 2> places = {kUsualTableOffset, end};
-  if (!fits(kUsualTableOffset) && (fits(end) || !isFilledUp)) {
-    std::swap(places[0], places[1]);
+  // Bytes in the midst of a structure may look like another one, so the likelier place comes first:
+  // the one from which the table reaches to the end of the file, or else 20h if zeros precede it.
+  const std::uint64_t fitting = File.GetSize() - entryPoint.TableLength;
+  const bool isPadded =
+      fitting == kUsualTableOffset || (fitting != end && HasOnlyZeros(end, kUsualTableOffset));
+  const std::uint64_t likely = isPadded ? kUsualTableOffset : end;
+  const std::uint64_t other = isPadded ? end : kUsualTableOffset;
+  if (HoldsStructure(likely)) {
+    return likely;
   }
-  for (const std::uint64_t place : places) {
-    if (HoldsStructure(place)) {
-      return place;
-    }
-  }
-  return std::nullopt;
+  return HoldsStructure(other) ? std::optional(other) : std::nullopt;
+}
+
+bool Image::HasOnlyZeros(std::uint64_t start, std::uint64_t end) {
+  const auto bytes = File.Read(start, static_cast<std::size_t>(end - start));
+  return std::all_of(bytes.begin(), bytes.end(), [](std::uint8_t byte) { return byte == 0; });
 }
 
 // Whether a whole structure begins there.
 bool Image::HoldsStructure(std::uint64_t offset) {
   const auto bytes = File.Read(offset, kLongestTable);
-  TableCursor cursor(bytes);
-  const std::uint8_t length = cursor.Peek(1);
-  MoveToNextStructure(cursor, 0);
-  return length >= kHeaderSize && bytes.size() >= length + std::size_t{2} && !cursor.IsPastEnd();
+  const WalkedStructure structure = WalkedStructureAt(bytes, 0);
+  return structure.Length >= kHeaderSize && structure.Length + std::size_t{2} <= bytes.size() &&
+         structure.Next <= bytes.size();
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 #include <optional>
 #include <vector>
 
-#include "firmware/firmware_access.h"
+#include "model/firmware_access.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {

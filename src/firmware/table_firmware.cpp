@@ -26,10 +26,10 @@ SmbiosTable TableOf(SmbiosVersion version, std::vector<std::uint8_t> bytes) {
 TableFirmware::TableFirmware(const SmbiosTable& table) {
   std::vector<std::uint8_t> bytes = table.Bytes;
   std::size_t length = table.EntryPoint.TableLength;
-  const bool is64Bit = table.EntryPoint.Kind == EntryPointKind::Bits64;
-  if (is64Bit || length > kLongestTable) {
-    const std::size_t whole = MeasureTable(bytes, bytes.size(), is64Bit).Bytes;
-    length = MeasureTable(bytes, kLongestTable, is64Bit).Bytes;
+  const EntryPointKind kind = table.EntryPoint.Kind;
+  if (kind == EntryPointKind::Bits64 || length > kLongestTable) {
+    const std::size_t whole = MeasureTable(bytes, bytes.size(), kind).Bytes;
+    length = MeasureTable(bytes, kLongestTable, kind).Bytes;
     Shortened = length < whole;
     bytes.resize(length);
     bytes.shrink_to_fit();

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "base/smbios_table.h"
-#include "firmware/firmware_access.h"
 #include "firmware/sparse_memory.h"
+#include "model/firmware_access.h"
 
 namespace kestrel {
 

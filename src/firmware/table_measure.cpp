@@ -3,38 +3,31 @@
 #include <algorithm>
 
 #include "base/structure_header.h"
-#include "base/table_cursor.h"
 #include "model/table_walk.h"
 
 namespace kestrel {
 
 TableSize MeasureTable(std::span<const std::uint8_t> table, std::size_t limit,
-                       bool stopAtEndOfTable) {
+                       EntryPointKind entryPoint) {
   TableSize size;
-  TableCursor cursor(table);
-  while (!cursor.IsAtEnd()) {
-    const std::size_t start = cursor.GetPosition();
-    const std::uint8_t type = cursor.U8();
-    const std::uint8_t length = cursor.U8();
-    cursor.MoveTo(start + length);
-    const bool hasStrings = cursor.Peek() != 0;
-    MoveToNextStructure(cursor, start);
-    if (type == 0 && length == 0) {
+  TableWalk walk(table);
+  while (const auto structure = walk.Next()) {
+    if (structure->Type == 0 && structure->Length == 0) {
       continue;
     }
     // The walk passes over any number of zeros after a structure without strings; two are its own.
-    std::size_t end = std::min(cursor.GetPosition(), table.size());
-    if (!hasStrings) {
-      end = std::min(end, start + length + 2);
+    std::size_t end = std::min(structure->Next, table.size());
+    if (!structure->HasStrings) {
+      end = std::min(end, structure->Start + structure->Length + 2);
     }
     if (end > limit) {
       break;
     }
     size.Bytes = end;
     ++size.Structures;
-    size.LargestStructure = std::max(size.LargestStructure, end - start);
-    size.HasEndOfTable = size.HasEndOfTable || type == kEndOfTable;
-    if (size.HasEndOfTable && stopAtEndOfTable) {
+    size.LargestStructure = std::max(size.LargestStructure, end - structure->Start);
+    size.HasEndOfTable = size.HasEndOfTable || structure->Type == kEndOfTable;
+    if (size.HasEndOfTable && entryPoint == EntryPointKind::Bits64) {
       break;
     }
   }
@@ -42,11 +35,12 @@ TableSize MeasureTable(std::span<const std::uint8_t> table, std::size_t limit,
 }
 
 bool IsCut(const SmbiosTable& table) {
-  if (table.Bytes.size() >= table.EntryPoint.TableLength) {
+  const EntryPointFacts& entryPoint = table.EntryPoint;
+  if (table.Bytes.size() >= entryPoint.TableLength) {
     return false;
   }
-  return table.EntryPoint.Kind != EntryPointKind::Bits64 ||
-         !MeasureTable(table.Bytes, table.Bytes.size(), true).HasEndOfTable;
+  return entryPoint.Kind != EntryPointKind::Bits64 ||
+         !MeasureTable(table.Bytes, table.Bytes.size(), entryPoint.Kind).HasEndOfTable;
 }
 
 }  // namespace kestrel

@@ -18,9 +18,10 @@ struct TableSize {
 };
 
 // Measures the structures that end at or before `limit`, including one that the end of the table
-// cuts off. Stops after the first End-of-Table structure if asked to.
+// cuts off. A table that a 64-bit entry point announces ends after its first End-of-Table
+// structure.
 TableSize MeasureTable(std::span<const std::uint8_t> table, std::size_t limit,
-                       bool stopAtEndOfTable);
+                       EntryPointKind entryPoint);
 
 // Whether the table lacks bytes that its entry point announces. A 64-bit entry point states only an
 // upper bound, so its table is complete once it has an End-of-Table structure.

@@ -35,17 +35,12 @@ inline constexpr std::string_view kEnumeration;
 inline constexpr std::string_view kCommon = "Common";
 inline constexpr std::string_view kSpecific = "Specific";
 
-// Marks, in a fixed text, where each document has something of its own.
-inline constexpr std::string_view kMifGap("\0", 1);
-
 // Default values, as the document spells them.
 inline constexpr std::string_view kEmptyString = "\"\"";
-// A text about the system, which one of the group's Values returns.
-inline constexpr std::string_view kSystemText("\"\0\"", 3);
 // The attribute has no Value line.
 inline constexpr std::string_view kNoValue;
 
-// Returns the text between the double quotes of a Value line.
+// Returns a text about the system, which stands between double quotes.
 using MifValueGetter = std::string (SMBiosReader::*)() const;
 
 // In a description, "\n" separates literals, each of which has a line of its own.
@@ -55,11 +50,13 @@ struct MifAttribute {
   std::string_view Storage;
   std::string_view Type;
   std::string_view Value = kNoValue;
+  // Gives the value in place of Value.
+  MifValueGetter GetValue = nullptr;
   std::string_view Description = {};
   std::span<const MifEnumItem> Items = {};
   std::string_view EnumWord = kEnumCapitals;
-  // Precedes each literal of the description except the first.
-  std::string_view ContinuationIndent = "\t\t\t";
+  // The tabs before each literal of the description except the first.
+  std::uint8_t ContinuationTabs = 3;
 };
 
 // The table code of the BIOS characteristics, whose rows come from the first BIOS Information
@@ -76,8 +73,6 @@ struct MifGroup {
   std::string_view Key;
   std::string_view Pragma;
   std::span<const MifAttribute> Attributes;
-  // One for each attribute whose value is kSystemText, in order.
-  std::span<const MifValueGetter> Values = {};
   // Empty for a group that never has a table.
   std::optional<std::uint8_t> TableCode = {};
 };

@@ -4,7 +4,7 @@
 
 #include "base/text.h"
 #include "model/smbios_reader.h"
-#include "types/type0_bios_information.h"
+#include "types/type00_bios_information.h"
 
 namespace kestrel {
 
@@ -14,10 +14,10 @@ std::string SMBiosReader::MakeMifTable(int& idCounter, std::uint8_t tableCode) c
   if (table == nullptr || rows.empty()) {
     return {};
   }
-  const auto id = static_cast<std::uint32_t>(idCounter++);
   std::string text;
-  Append(text, {"Start Table\r\n\tNAME = \"", table->Name, "\"\r\n\tID = ", Decimal(id),
-                "\r\n\tCLASS = \"", table->Class, "\"\r\n", rows, "End Table\r\n\r\n"});
+  Append(text,
+         {"Start Table\r\n\tNAME = \"", table->Name, "\"\r\n\tID = ", SignedDecimal(idCounter++),
+          "\r\n\tCLASS = \"", table->Class, "\"\r\n", rows, "End Table\r\n\r\n"});
   return text;
 }
 

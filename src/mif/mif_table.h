@@ -18,7 +18,7 @@ struct MifTable {
 inline constexpr MifTable kMifTables[] = {
     {0, "System BIOS Table", "DMTF|System BIOS|001"},
     {4, "Processor Table", "DMTF|Processor|010"},
-    {7, "System Cache", "DMTF|System Cache|002"},  // Without the word Table: intended.
+    {7, "System Cache", "DMTF|System Cache|002"},  // Without the word Table.
     {9, "System Slots Table", "DMTF|System Slot|002"},
     {16, "Physical Memory Array Table", "DMTF|Physical Memory Array|001"},
     {17, "Memory Device Table", "DMTF|Memory Device|003"},

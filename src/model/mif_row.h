@@ -1,11 +1,11 @@
 #pragma once
 
 #include <concepts>
-#include <cstddef>
-#include <cstdint>
 #include <initializer_list>
 #include <string>
 #include <string_view>
+
+#include "base/text.h"
 
 namespace kestrel {
 
@@ -15,17 +15,16 @@ class MifField {
  public:
   template <std::unsigned_integral Integer>
   // NOLINTNEXTLINE(google-explicit-constructor): a row is written as the list of its values.
-  MifField(Integer value) : Number(value) {}
+  MifField(Integer value) : Number(Decimal(value)) {}
+  // NOLINTNEXTLINE(google-explicit-constructor): as above, for the row's number, which has a sign.
+  MifField(int rowIndex) : Number(SignedDecimal(rowIndex)) {}
   // NOLINTNEXTLINE(google-explicit-constructor): as above.
   MifField(std::string_view text) : Text(text), Quoted(true) {}
 
-  // How many characters WriteTo writes at most.
-  std::size_t GetMostCharacters() const;
-  // Returns the position after the last character written.
-  char* WriteTo(char* position) const;
+  void AppendTo(std::string& row) const;
 
  private:
-  std::uint64_t Number = 0;
+  Digits Number;
   std::string_view Text;
   bool Quoted = false;
 };
@@ -34,8 +33,5 @@ inline constexpr std::string_view kEmptyMifString;
 
 // A complete row line: tab, opening brace, the fields joined by commas, closing brace, "\r\n".
 std::string MifRow(std::initializer_list<MifField> fields);
-
-// Returns the running row number of a table and advances it.
-inline std::uint32_t TakeRowIndex(int& rowIndex) { return static_cast<std::uint32_t>(rowIndex++); }
 
 }  // namespace kestrel

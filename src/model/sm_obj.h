@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -12,6 +11,9 @@ namespace kestrel {
 // One decoded structure of the table: its header, its string set, and the two renderings through
 // which the rest of the library uses it without knowing its type. Filled by its reader, then only
 // read. Layout of a structure: DMTF DSP0134, "Structure header format" and "Text strings".
+//
+// Both texts are pinned with their oddities. Where a comment in types/ or mif/ points one out, such
+// as a missing blank or a value that is not what its label says, the oddity is known and stays.
 class SMObj {
  public:
   SMObj() = default;
@@ -38,8 +40,6 @@ class SMObj {
   void SetStringCount(std::uint8_t count) { StringCount = count; }
   std::uint8_t GetStringCount() const { return StringCount; }
 
-  // Makes room for `count` strings.
-  void ReserveStrings(std::size_t count) { Strings.reserve(count); }
   void AddString(std::string_view text) { Strings.emplace_back(text); }
 
   // The string that a string field names: 1 is the first. Empty for 0 and for a number beyond the

@@ -1,7 +1,6 @@
 #include "model/smbios_reader.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "base/table_cursor.h"
 
@@ -18,19 +17,18 @@ const SMObj* SMBiosReader::GetFirstObj(std::uint8_t type) const {
 }
 
 void SMBiosReader::ReadHeader(SMObj& object, TableCursor& cursor) {
+  // The type byte has been read.
+  StructureStart = cursor.GetPosition() - 1;
   object.SetLength(cursor.U8());
   object.SetHandle(cursor.U16());
 }
 
 void SMBiosReader::CollectStrings(SMObj& object, TableCursor& cursor) const {
-  const std::size_t start = StructureStart + object.GetLength();
-  unsigned held = 0;
-  for (cursor.MoveTo(start); held < object.GetStringCount() && cursor.Peek() != 0; ++held) {
-    SkipString(cursor);
+  if (object.GetStringCount() == 0) {
+    return;
   }
-  object.ReserveStrings(held);
-  cursor.MoveTo(start);
-  for (unsigned taken = 0; taken < held; ++taken) {
+  cursor.MoveTo(StructureStart + object.GetLength());
+  for (unsigned left = object.GetStringCount(); left != 0 && cursor.Peek() != 0; --left) {
     object.AddString(cursor.String());
     SkipString(cursor);
   }
@@ -39,10 +37,6 @@ void SMBiosReader::CollectStrings(SMObj& object, TableCursor& cursor) const {
 std::size_t SMBiosReader::SkipString(TableCursor& cursor) {
   cursor.SkipString();
   return cursor.GetPosition();
-}
-
-void SMBiosReader::AppendObject(std::unique_ptr<const SMObj> object) {
-  Walked->push_back(std::move(object));
 }
 
 }  // namespace kestrel

@@ -6,17 +6,18 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "model/firmware_access.h"
 #include "model/sm_entry_point.h"
 #include "model/sm_obj.h"
 
 namespace kestrel {
 
-class FirmwareAccess;
 class SMType0Obj;
 class TableCursor;
-struct MifGroupText;
+struct MifGroup;
 
 // The structure table as the firmware handed it over.
 struct TableCopy {
@@ -29,6 +30,9 @@ struct TableCopy {
 // renders them. Every member is defined where its subject lives: the readers of structure types in
 // types/, the parts of the MIF document in mif/, the way to the table in firmware/.
 //
+// `SM` and `SMBios` are how the exports spell it, and the pinned classes follow them. What both
+// families share is spelled `Smbios`.
+//
 // Any member except CloseAccess may throw std::bad_alloc and then leaves the list of objects as it
 // was.
 class SMBiosReader {
@@ -38,19 +42,22 @@ class SMBiosReader {
   static constexpr int kSmbios23 = 23;
 
   // Without an access the reader finds no table; WalkTable works nevertheless.
-  explicit SMBiosReader(std::unique_ptr<FirmwareAccess> access = nullptr);
+  explicit SMBiosReader(std::unique_ptr<FirmwareAccess> access = nullptr)
+      : Access(std::move(access)) {}
   SMBiosReader(const SMBiosReader&) = delete;
   SMBiosReader& operator=(const SMBiosReader&) = delete;
   // Does not close the access: call CloseAccess first.
-  ~SMBiosReader();
-
-  // firmware/: construction, the access, and the way to the table.
+  ~SMBiosReader() = default;
 
   // Return false if the access cannot be opened or closed, or if there is none.
-  bool OpenAccess();
-  bool CloseAccess() noexcept;
+  bool OpenAccess() { return Access && Access->Open() != 0; }
+  bool CloseAccess() noexcept { return Access && Access->Close() != 0; }
+
+  // firmware/: the way to the table.
+
   // Searches the BIOS area for the entry point and keeps its record. Returns 1, or 0 if there is no
   // entry point. The first anchor ends the search, even if the entry point cannot be read there.
+  // Checksums are ignored.
   int FindEntryPoint();
   // The record, or nullptr if none has been found yet.
   const SMEntryPoint* GetEntryPoint() const { return EntryPoint ? &*EntryPoint : nullptr; }
@@ -73,9 +80,9 @@ class SMBiosReader {
   std::string BuildTextReport() const;
 
   // types/: a reader takes one structure, the cursor on its Length byte, and appends its object to
-  // the list.
+  // the list. It leaves the cursor after what it read, not at the next structure.
 #define KESTREL_STRUCTURE_TYPE(number) void ReadType##number(TableCursor& cursor);
-#include "model/structure_types.def"
+#include "model/type_readers.def"
 #undef KESTREL_STRUCTURE_TYPE
 
   // The first BIOS Information object, or nullptr.
@@ -100,18 +107,29 @@ class SMBiosReader {
   std::string GetComponentSerialNumber() const;
 
  private:
-  // What the readers of structure types share.
-
-  // Reads Length and Handle.
-  static void ReadHeader(SMObj& object, TableCursor& cursor);
+  // What every reader of a structure type does: makes the object, reads the header, the fields and
+  // the strings, and appends the object. `readFields` is called with the object, the cursor after
+  // the header; it may change how many strings the object declares.
+  template <typename Object, typename ReadFields>
+  void ReadStructure(TableCursor& cursor, ReadFields readFields) {
+    auto object = std::make_unique<Object>();
+    ReadHeader(*object, cursor);
+    readFields(*object);
+    CollectStrings(*object, cursor);
+    Objects.push_back(std::move(object));
+  }
+  // Reads Length and Handle, and notes where the structure starts.
+  void ReadHeader(SMObj& object, TableCursor& cursor);
   // Fills the string set with the strings that follow the formatted area, at most as many as the
-  // object declares.
+  // object declares. Does nothing if it declares none.
   void CollectStrings(SMObj& object, TableCursor& cursor) const;
   // Moves past the end of a string and returns the new position.
   static std::size_t SkipString(TableCursor& cursor);
-  void AppendObject(std::unique_ptr<const SMObj> object);
 
-  std::string MakeGroup(const MifGroupText& group, int& idCounter) const;
+  // Checks the data of the group as it is compiled (mif/mif_group_checks.h), then writes it.
+  template <const MifGroup& Group>
+  std::string MakeGroup(int& idCounter) const;
+  std::string WriteGroup(const MifGroup& group, int& idCounter) const;
   // Empty, and the counter untouched, if the table has no rows.
   std::string MakeMifTable(int& idCounter, std::uint8_t tableCode) const;
   std::string CollectMifRows(std::uint8_t tableCode) const;
@@ -120,10 +138,8 @@ class SMBiosReader {
   SMObjList Objects;
   // Declared after the objects, so that it is destroyed before them.
   std::optional<SMEntryPoint> EntryPoint;
-  // During a walk: where in the table the current structure starts, and the objects read so far,
-  // which join the others only when the walk is done.
+  // Where in the table the structure starts that a reader reads.
   std::size_t StructureStart = 0;
-  SMObjList* Walked = nullptr;
 };
 
 }  // namespace kestrel

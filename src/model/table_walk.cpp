@@ -1,7 +1,6 @@
 #include "model/table_walk.h"
 
 #include <array>
-#include <cstdint>
 #include <iterator>
 
 #include "base/table_cursor.h"
@@ -16,7 +15,7 @@ using TypeReader = void (SMBiosReader::*)(TableCursor&);
 constexpr auto kReaderOfType = [] {
   std::array<TypeReader, 256> readers{};
 #define KESTREL_STRUCTURE_TYPE(number) readers[number] = &SMBiosReader::ReadType##number;
-#include "model/structure_types.def"
+#include "model/type_readers.def"
 #undef KESTREL_STRUCTURE_TYPE
   return readers;
 }();
@@ -39,28 +38,41 @@ void SkipStringSet(TableCursor& cursor) {
 
 }  // namespace
 
-void MoveToNextStructure(TableCursor& cursor, std::size_t structureStart) {
-  cursor.MoveTo(structureStart + 1);
+WalkedStructure WalkedStructureAt(std::span<const std::uint8_t> table, std::size_t start) {
+  TableCursor cursor(table);
+  cursor.MoveTo(start);
+  const std::uint8_t type = cursor.U8();
   const std::uint8_t length = cursor.U8();
-  cursor.MoveTo(structureStart + length);
+  cursor.MoveTo(start + length);
+  const bool hasStrings = cursor.Peek() != 0;
   SkipStringSet(cursor);
+  return {start, type, length, hasStrings, cursor.GetPosition()};
+}
+
+std::optional<WalkedStructure> TableWalk::Next() {
+  if (Start >= Table.size()) {
+    return std::nullopt;
+  }
+  const WalkedStructure structure = WalkedStructureAt(Table, Start);
+  Start = structure.Next;
+  return structure;
 }
 
 void SMBiosReader::WalkTable(std::span<const std::uint8_t> table) {
-  SMObjList walked;
-  Walked = &walked;
+  // The objects go to another reader first: where memory runs out, this one stays as it was.
+  SMBiosReader walker;
+  walker.EntryPoint = EntryPoint;
   TableCursor cursor(table);
-  while (!cursor.IsAtEnd()) {
-    StructureStart = cursor.GetPosition();
-    const TypeReader reader = kReaderOfType[cursor.U8()];
+  TableWalk walk(table);
+  while (const auto structure = walk.Next()) {
+    const TypeReader reader = kReaderOfType[structure->Type];
     if (reader != nullptr) {
-      (this->*reader)(cursor);
+      cursor.MoveTo(structure->Start + 1);
+      (walker.*reader)(cursor);
     }
-    MoveToNextStructure(cursor, StructureStart);
   }
-  Objects.insert(Objects.end(), std::make_move_iterator(walked.begin()),
-                 std::make_move_iterator(walked.end()));
-  Walked = nullptr;
+  Objects.insert(Objects.end(), std::make_move_iterator(walker.Objects.begin()),
+                 std::make_move_iterator(walker.Objects.end()));
 }
 
 }  // namespace kestrel

@@ -108,6 +108,7 @@ extern "C" {
 
 BOOL GetVersionExA(OSVERSIONINFOA* version);
 DWORD GetModuleFileNameA(HMODULE module, LPSTR path, DWORD size);
+BOOL IsDBCSLeadByte(BYTE byte);
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPVOID security, DWORD disposition,
                    DWORD flags, HANDLE templateFile);
 BOOL DeviceIoControl(HANDLE device, DWORD code, LPVOID input, DWORD inputSize, LPVOID output,

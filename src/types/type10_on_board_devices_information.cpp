@@ -1,5 +1,4 @@
 #include <cstddef>
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -54,7 +53,7 @@ class SMType10Obj final : public SMObj {
 std::string SMType10Obj::ToString() const {
   TextBlock block("On Board Devices Information (Type 10)");
   for (std::size_t index = 0; index < Devices.size(); ++index) {
-    block.Item({Decimal(index), ") ", GetDeviceText(Devices[index])});
+    block.Item(ItemText{Decimal(index), ") ", GetDeviceText(Devices[index])});
   }
   return block.Close();
 }
@@ -68,18 +67,16 @@ std::uint8_t CountDevices(std::uint8_t length) {
 }  // namespace
 
 void SMBiosReader::ReadType10(TableCursor& cursor) {
-  auto object = std::make_unique<SMType10Obj>();
-  ReadHeader(*object, cursor);
-  object->SetDeviceCount(CountDevices(object->GetLength()));
-  object->SetStringCount(object->GetDeviceCount());
-  std::vector<Device> devices(object->GetDeviceCount());
-  for (Device& device : devices) {
-    device.TypeAndEnabled = cursor.U8();
-    device.Description = cursor.U8();
-  }
-  object->SetDevices(std::move(devices));
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType10Obj>(cursor, [&](auto& object) {
+    object.SetDeviceCount(CountDevices(object.GetLength()));
+    object.SetStringCount(object.GetDeviceCount());
+    std::vector<Device> devices(object.GetDeviceCount());
+    for (Device& device : devices) {
+      device.TypeAndEnabled = cursor.U8();
+      device.Description = cursor.U8();
+    }
+    object.SetDevices(std::move(devices));
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
 
@@ -17,9 +14,7 @@ class SMType126Obj final : public SMObj {
 }  // namespace
 
 void SMBiosReader::ReadType126(TableCursor& cursor) {
-  auto object = std::make_unique<SMType126Obj>();
-  ReadHeader(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType126Obj>(cursor, [](auto& /*object*/) {});
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
 #include "model/text_block.h"
@@ -20,9 +17,7 @@ class SMType127Obj final : public SMObj {
 }  // namespace
 
 void SMBiosReader::ReadType127(TableCursor& cursor) {
-  auto object = std::make_unique<SMType127Obj>();
-  ReadHeader(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType127Obj>(cursor, [](auto& /*object*/) {});
 }
 
 }  // namespace kestrel

@@ -1,7 +1,5 @@
 #include <array>
 #include <cstddef>
-#include <memory>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
@@ -49,9 +47,9 @@ class SMType13Obj final : public SMObj {
 
 std::string SMType13Obj::GetLanguagesText() const {
   std::string text;
-  Append(text, {GetInstallableLanguagesText(), "\r\n"});
+  Append(text, {GetInstallableLanguagesText(), LineEnd});
   for (std::size_t index = 0; index < GetStrings().size(); ++index) {
-    Append(text, {"\t\t", GetLanguageText(index), "\r\n"});
+    Append(text, {"\t\t", GetLanguageText(index), LineEnd});
   }
   return text;
 }
@@ -67,17 +65,15 @@ std::string SMType13Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType13(TableCursor& cursor) {
-  auto object = std::make_unique<SMType13Obj>();
-  ReadHeader(*object, cursor);
-  object->SetInstallableLanguages(cursor.U8());
-  object->SetFlags(cursor.U8());
-  std::array<std::uint8_t, SMType13Obj::kReservedSize> reserved{};
-  cursor.Bytes(reserved);
-  object->SetReserved(reserved);
-  object->SetCurrentLanguage(cursor.U8());
-  object->SetStringCount(object->GetInstallableLanguages());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType13Obj>(cursor, [&](auto& object) {
+    object.SetInstallableLanguages(cursor.U8());
+    object.SetFlags(cursor.U8());
+    std::array<std::uint8_t, SMType13Obj::kReservedSize> reserved{};
+    cursor.Bytes(reserved);
+    object.SetReserved(reserved);
+    object.SetCurrentLanguage(cursor.U8());
+    object.SetStringCount(object.GetInstallableLanguages());
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
 #include "model/text_block.h"
@@ -24,7 +21,7 @@ class SMType14Obj final : public SMObj {
 
   ItemText GetGroupNameText() const { return {"Group Name : ", GetString(GroupName)}; }
   ItemText GetItemTypeText() const { return {"Item Type : ", Decimal(ItemType)}; }
-  // Decimal, unlike other handles: intended.
+  // Decimal, unlike other handles.
   ItemText GetItemHandleText() const { return {"Item Handle : ", Decimal(ItemHandle)}; }
 
   std::string ToString() const override;
@@ -46,13 +43,11 @@ std::string SMType14Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType14(TableCursor& cursor) {
-  auto object = std::make_unique<SMType14Obj>();
-  ReadHeader(*object, cursor);
-  object->SetGroupName(cursor.U8());
-  object->SetItemType(cursor.U8());
-  object->SetItemHandle(cursor.U16());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType14Obj>(cursor, [&](auto& object) {
+    object.SetGroupName(cursor.U8());
+    object.SetItemType(cursor.U8());
+    object.SetItemHandle(cursor.U16());
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,4 @@
 #include <cstddef>
-#include <memory>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/code_text.h"
@@ -50,7 +48,7 @@ class SMType15Obj final : public SMObj {
   }
 
   ItemText GetLogAreaLengthText() const { return {"Log Area Length : ", Decimal(LogAreaLength)}; }
-  // No "h" after the digits in this block: intended.
+  // No "h" after the digits in this block.
   ItemText GetLogHeaderStartOffsetText() const {
     return {"Log Header Start Offset : ", Hex(LogHeaderStartOffset, 4)};
   }
@@ -58,7 +56,7 @@ class SMType15Obj final : public SMObj {
     return {"Log Data Start Offset : ", Hex(LogDataStartOffset, 4)};
   }
   ItemText GetAccessMethodText() const { return {"Access Method : ", Hex(AccessMethod, 2)}; }
-  // A lower-case "s": intended.
+  // A lower-case "s".
   ItemText GetLogStatusText() const { return {"Log status : ", Hex(LogStatus, 2)}; }
   ItemText GetLogChangeTokenText() const { return {"Log Change Token : ", Hex(LogChangeToken, 8)}; }
   ItemText GetAccessMethodAddressText() const {
@@ -71,7 +69,7 @@ class SMType15Obj final : public SMObj {
     return {"Number of Supported Log Type Descriptors : ",
             Decimal(NumberOfSupportedLogTypeDescriptors)};
   }
-  // "each" before a plural: intended.
+  // "each" before a plural.
   ItemText GetLengthOfLogTypeDescriptorText() const {
     return {"Length of each Log Type Descriptors : ", Decimal(LengthOfLogTypeDescriptor)};
   }
@@ -109,20 +107,19 @@ std::string SMType15Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType15(TableCursor& cursor) {
-  auto object = std::make_unique<SMType15Obj>();
-  ReadHeader(*object, cursor);
-  object->SetLogAreaLength(cursor.U16());
-  object->SetLogHeaderStartOffset(cursor.U16());
-  object->SetLogDataStartOffset(cursor.U16());
-  object->SetAccessMethod(cursor.U8());
-  object->SetLogStatus(cursor.U8());
-  object->SetLogChangeToken(cursor.U32());
-  object->SetAccessMethodAddress(cursor.U32());
-  object->SetLogHeaderFormat(cursor.U8());
-  object->SetNumberOfSupportedLogTypeDescriptors(cursor.U8());
-  object->SetLengthOfLogTypeDescriptor(cursor.U8());
-  cursor.Skip(object->GetDescriptorsSize());
-  AppendObject(std::move(object));
+  ReadStructure<SMType15Obj>(cursor, [&](auto& object) {
+    object.SetLogAreaLength(cursor.U16());
+    object.SetLogHeaderStartOffset(cursor.U16());
+    object.SetLogDataStartOffset(cursor.U16());
+    object.SetAccessMethod(cursor.U8());
+    object.SetLogStatus(cursor.U8());
+    object.SetLogChangeToken(cursor.U32());
+    object.SetAccessMethodAddress(cursor.U32());
+    object.SetLogHeaderFormat(cursor.U8());
+    object.SetNumberOfSupportedLogTypeDescriptors(cursor.U8());
+    object.SetLengthOfLogTypeDescriptor(cursor.U8());
+    cursor.Skip(object.GetDescriptorsSize());
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/mif_row.h"
 #include "model/smbios_reader.h"
@@ -39,8 +36,8 @@ class SMType16Obj final : public SMObj {
 // Handles are not followed: attributes that other structures describe have the group's default.
 std::string SMType16Obj::GetMifTableRow(int& rowIndex) const {
   return MifRow({
-      TakeRowIndex(rowIndex),
-      Location,  // Even where the group numbers its locations differently: intended.
+      rowIndex++,
+      Location,  // Even where the group numbers its locations differently.
       Use, MaximumCapacity, NumberOfMemoryDevices,
       0U,  // Sockets in use.
       MemoryErrorCorrection,
@@ -60,15 +57,14 @@ std::string SMType16Obj::GetMifTableRow(int& rowIndex) const {
 }  // namespace
 
 void SMBiosReader::ReadType16(TableCursor& cursor) {
-  auto object = std::make_unique<SMType16Obj>();
-  ReadHeader(*object, cursor);
-  object->SetLocation(cursor.U8());
-  object->SetUse(cursor.U8());
-  object->SetMemoryErrorCorrection(cursor.U8());
-  object->SetMaximumCapacity(cursor.U32());
-  object->SetMemoryErrorInformationHandle(cursor.U16());
-  object->SetNumberOfMemoryDevices(cursor.U16());
-  AppendObject(std::move(object));
+  ReadStructure<SMType16Obj>(cursor, [&](auto& object) {
+    object.SetLocation(cursor.U8());
+    object.SetUse(cursor.U8());
+    object.SetMemoryErrorCorrection(cursor.U8());
+    object.SetMaximumCapacity(cursor.U32());
+    object.SetMemoryErrorInformationHandle(cursor.U16());
+    object.SetNumberOfMemoryDevices(cursor.U16());
+  });
 }
 
 }  // namespace kestrel

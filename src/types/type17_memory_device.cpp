@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/mif_row.h"
 #include "model/smbios_reader.h"
@@ -66,16 +63,16 @@ class SMType17Obj final : public SMObj {
 // Handles are not followed: attributes that other structures describe have the group's default.
 std::string SMType17Obj::GetMifTableRow(int& rowIndex) const {
   return MifRow({
-      TakeRowIndex(rowIndex),
+      rowIndex++,
       0U,  // Memory array.
       GetString(DeviceLocator),
       GetString(BankLocator),
-      Size & 0x7FFFU,  // Without regard to the unit, or to FFFFh for unknown: intended.
+      Size & 0x7FFFU,  // Without regard to the unit, or to FFFFh for unknown.
       FormFactor,
       TotalWidth,
       DataWidth,
       MemoryType,
-      TypeDetail,  // The bits, not a code of the group's enumeration: intended.
+      TypeDetail,  // The bits, not a code of the group's enumeration.
       DeviceSet,
       1U,               // Device error type.
       1U,               // Error granularity.
@@ -89,36 +86,34 @@ std::string SMType17Obj::GetMifTableRow(int& rowIndex) const {
       0U,               // Error resolution.
       0U,               // FRU group.
       0U,               // Operational group.
-      0U,               // Speed, although the structure has it: intended.
+      0U,               // Speed, although the structure has it.
   });
 }
 
 }  // namespace
 
 void SMBiosReader::ReadType17(TableCursor& cursor) {
-  auto object = std::make_unique<SMType17Obj>();
-  ReadHeader(*object, cursor);
-  object->SetPhysicalMemoryArrayHandle(cursor.U16());
-  object->SetMemoryErrorInformationHandle(cursor.U16());
-  object->SetTotalWidth(cursor.U16());
-  object->SetDataWidth(cursor.U16());
-  object->SetSize(cursor.U16());
-  object->SetFormFactor(cursor.U8());
-  object->SetDeviceSet(cursor.U8());
-  object->SetDeviceLocator(cursor.U8());
-  object->SetBankLocator(cursor.U8());
-  object->SetMemoryType(cursor.U8());
-  object->SetTypeDetail(cursor.U16());
-  object->SetSpeed(cursor.U16());
-  if (GetSpecVersion() >= kSmbios23) {
-    object->SetStringCount(6);
-    object->SetManufacturer(cursor.U8());
-    object->SetSerialNumber(cursor.U8());
-    object->SetAssetTag(cursor.U8());
-    object->SetPartNumber(cursor.U8());
-  }
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType17Obj>(cursor, [&](auto& object) {
+    object.SetPhysicalMemoryArrayHandle(cursor.U16());
+    object.SetMemoryErrorInformationHandle(cursor.U16());
+    object.SetTotalWidth(cursor.U16());
+    object.SetDataWidth(cursor.U16());
+    object.SetSize(cursor.U16());
+    object.SetFormFactor(cursor.U8());
+    object.SetDeviceSet(cursor.U8());
+    object.SetDeviceLocator(cursor.U8());
+    object.SetBankLocator(cursor.U8());
+    object.SetMemoryType(cursor.U8());
+    object.SetTypeDetail(cursor.U16());
+    object.SetSpeed(cursor.U16());
+    if (GetSpecVersion() >= kSmbios23) {
+      object.SetStringCount(6);
+      object.SetManufacturer(cursor.U8());
+      object.SetSerialNumber(cursor.U8());
+      object.SetAssetTag(cursor.U8());
+      object.SetPartNumber(cursor.U8());
+    }
+  });
 }
 
 }  // namespace kestrel

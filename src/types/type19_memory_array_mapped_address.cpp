@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/mif_row.h"
 #include "model/smbios_reader.h"
@@ -33,7 +30,7 @@ class SMType19Obj final : public SMObj {
 // Handles are not followed: attributes that other structures describe have the group's default.
 std::string SMType19Obj::GetMifTableRow(int& rowIndex) const {
   return MifRow({
-      TakeRowIndex(rowIndex),
+      rowIndex++,
       0U,  // Memory array.
       StartingAddress, EndingAddress,
       0U,  // Partition.
@@ -45,13 +42,12 @@ std::string SMType19Obj::GetMifTableRow(int& rowIndex) const {
 }  // namespace
 
 void SMBiosReader::ReadType19(TableCursor& cursor) {
-  auto object = std::make_unique<SMType19Obj>();
-  ReadHeader(*object, cursor);
-  object->SetStartingAddress(cursor.U32());
-  object->SetEndingAddress(cursor.U32());
-  object->SetMemoryArrayHandle(cursor.U16());
-  object->SetPartitionWidth(cursor.U8());
-  AppendObject(std::move(object));
+  ReadStructure<SMType19Obj>(cursor, [&](auto& object) {
+    object.SetStartingAddress(cursor.U32());
+    object.SetEndingAddress(cursor.U32());
+    object.SetMemoryArrayHandle(cursor.U16());
+    object.SetPartitionWidth(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

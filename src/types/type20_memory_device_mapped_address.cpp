@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/mif_row.h"
 #include "model/smbios_reader.h"
@@ -39,8 +36,8 @@ class SMType20Obj final : public SMObj {
 };
 
 std::string SMType20Obj::GetMifTableRow(int& rowIndex) const {
-  // The n-th range names the n-th memory device, whatever its handle: intended.
-  const std::uint32_t index = TakeRowIndex(rowIndex);
+  // The n-th range names the n-th memory device, whatever its handle.
+  const int index = rowIndex++;
   return MifRow({
       index,
       index,
@@ -56,16 +53,15 @@ std::string SMType20Obj::GetMifTableRow(int& rowIndex) const {
 }  // namespace
 
 void SMBiosReader::ReadType20(TableCursor& cursor) {
-  auto object = std::make_unique<SMType20Obj>();
-  ReadHeader(*object, cursor);
-  object->SetStartingAddress(cursor.U32());
-  object->SetEndingAddress(cursor.U32());
-  object->SetMemoryDeviceHandle(cursor.U16());
-  object->SetMemoryArrayMappedAddressHandle(cursor.U16());
-  object->SetPartitionRowPosition(cursor.U8());
-  object->SetInterleavePosition(cursor.U8());
-  object->SetInterleavedDataDepth(cursor.U8());
-  AppendObject(std::move(object));
+  ReadStructure<SMType20Obj>(cursor, [&](auto& object) {
+    object.SetStartingAddress(cursor.U32());
+    object.SetEndingAddress(cursor.U32());
+    object.SetMemoryDeviceHandle(cursor.U16());
+    object.SetMemoryArrayMappedAddressHandle(cursor.U16());
+    object.SetPartitionRowPosition(cursor.U8());
+    object.SetInterleavePosition(cursor.U8());
+    object.SetInterleavedDataDepth(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

@@ -1,7 +1,5 @@
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/code_text.h"
@@ -71,12 +69,11 @@ std::string SMType21Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType21(TableCursor& cursor) {
-  auto object = std::make_unique<SMType21Obj>();
-  ReadHeader(*object, cursor);
-  object->SetDeviceType(cursor.U8());
-  object->SetInterface(cursor.U8());
-  object->SetNumberOfButtons(cursor.U8());
-  AppendObject(std::move(object));
+  ReadStructure<SMType21Obj>(cursor, [&](auto& object) {
+    object.SetDeviceType(cursor.U8());
+    object.SetInterface(cursor.U8());
+    object.SetNumberOfButtons(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

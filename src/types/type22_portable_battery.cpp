@@ -1,7 +1,5 @@
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/code_text.h"
@@ -50,7 +48,7 @@ class SMType22Obj final : public SMObj {
 
   ItemText GetLocationText() const { return {"Location : ", GetString(Location)}; }
   ItemText GetManufacturerText() const { return {"Manufacturer : ", GetString(Manufacturer)}; }
-  // "Manufacturer", not "Manufacture": intended.
+  // "Manufacturer", not "Manufacture".
   ItemText GetManufactureDateText() const {
     return {"Manufacturer Date : ", GetString(ManufactureDate)};
   }
@@ -75,7 +73,7 @@ class SMType22Obj final : public SMObj {
   ItemText GetSbdsSerialNumberText() const {
     return {"SBDS Serial Number : ", Hex(SbdsSerialNumber, 4)};
   }
-  // Years since 1980, not a calendar year: intended.
+  // Years since 1980, not a calendar year.
   ItemText GetSbdsManufactureDateText() const {
     return {"SBDS Manufacture Date : ",
             Decimal(SbdsManufactureDate >> 9U),
@@ -136,25 +134,23 @@ std::string SMType22Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType22(TableCursor& cursor) {
-  auto object = std::make_unique<SMType22Obj>();
-  ReadHeader(*object, cursor);
-  object->SetLocation(cursor.U8());
-  object->SetManufacturer(cursor.U8());
-  object->SetManufactureDate(cursor.U8());
-  object->SetSerialNumber(cursor.U8());
-  object->SetDeviceName(cursor.U8());
-  object->SetDeviceChemistry(cursor.U8());
-  object->SetDesignCapacity(cursor.U16());
-  object->SetDesignVoltage(cursor.U16());
-  object->SetSbdsVersionNumber(cursor.U8());
-  object->SetMaximumErrorInBatteryData(cursor.U8());
-  object->SetSbdsSerialNumber(cursor.U16());
-  object->SetSbdsManufactureDate(cursor.U16());
-  object->SetSbdsDeviceChemistry(cursor.U8());
-  object->SetDesignCapacityMultiplier(cursor.U8());
-  object->SetOemSpecific(cursor.U32());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType22Obj>(cursor, [&](auto& object) {
+    object.SetLocation(cursor.U8());
+    object.SetManufacturer(cursor.U8());
+    object.SetManufactureDate(cursor.U8());
+    object.SetSerialNumber(cursor.U8());
+    object.SetDeviceName(cursor.U8());
+    object.SetDeviceChemistry(cursor.U8());
+    object.SetDesignCapacity(cursor.U16());
+    object.SetDesignVoltage(cursor.U16());
+    object.SetSbdsVersionNumber(cursor.U8());
+    object.SetMaximumErrorInBatteryData(cursor.U8());
+    object.SetSbdsSerialNumber(cursor.U16());
+    object.SetSbdsManufactureDate(cursor.U16());
+    object.SetSbdsDeviceChemistry(cursor.U8());
+    object.SetDesignCapacityMultiplier(cursor.U8());
+    object.SetOemSpecific(cursor.U32());
+  });
 }
 
 }  // namespace kestrel

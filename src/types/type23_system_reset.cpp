@@ -1,7 +1,5 @@
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
@@ -52,14 +50,13 @@ std::string SMType23Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType23(TableCursor& cursor) {
-  auto object = std::make_unique<SMType23Obj>();
-  ReadHeader(*object, cursor);
-  object->SetCapabilities(cursor.U8());
-  object->SetResetCount(cursor.U16());
-  object->SetResetLimit(cursor.U16());
-  object->SetTimerInterval(cursor.U16());
-  object->SetTimeout(cursor.U16());
-  AppendObject(std::move(object));
+  ReadStructure<SMType23Obj>(cursor, [&](auto& object) {
+    object.SetCapabilities(cursor.U8());
+    object.SetResetCount(cursor.U16());
+    object.SetResetLimit(cursor.U16());
+    object.SetTimerInterval(cursor.U16());
+    object.SetTimeout(cursor.U16());
+  });
 }
 
 }  // namespace kestrel

@@ -1,8 +1,6 @@
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
@@ -51,10 +49,8 @@ std::string SMType24Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType24(TableCursor& cursor) {
-  auto object = std::make_unique<SMType24Obj>();
-  ReadHeader(*object, cursor);
-  object->SetHardwareSecuritySettings(cursor.U8());
-  AppendObject(std::move(object));
+  ReadStructure<SMType24Obj>(
+      cursor, [&](auto& object) { object.SetHardwareSecuritySettings(cursor.U8()); });
 }
 
 }  // namespace kestrel

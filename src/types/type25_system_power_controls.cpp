@@ -1,7 +1,5 @@
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
@@ -66,14 +64,13 @@ std::string SMType25Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType25(TableCursor& cursor) {
-  auto object = std::make_unique<SMType25Obj>();
-  ReadHeader(*object, cursor);
-  object->SetNextScheduledPowerOnMonth(cursor.U8());
-  object->SetNextScheduledPowerOnDay(cursor.U8());
-  object->SetNextScheduledPowerOnHour(cursor.U8());
-  object->SetNextScheduledPowerOnMinute(cursor.U8());
-  object->SetNextScheduledPowerOnSecond(cursor.U8());
-  AppendObject(std::move(object));
+  ReadStructure<SMType25Obj>(cursor, [&](auto& object) {
+    object.SetNextScheduledPowerOnMonth(cursor.U8());
+    object.SetNextScheduledPowerOnDay(cursor.U8());
+    object.SetNextScheduledPowerOnHour(cursor.U8());
+    object.SetNextScheduledPowerOnMinute(cursor.U8());
+    object.SetNextScheduledPowerOnSecond(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

@@ -1,11 +1,8 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
 #include "model/text_block.h"
-#include "types/probe.h"
+#include "types/probe_status.h"
 #include "types/reading.h"
 
 namespace kestrel {
@@ -53,7 +50,7 @@ class SMType27Obj final : public SMObj {
     if (NominalSpeed == kUnknownReading) {
       return {"Nominal Speed : ", kUnknown};
     }
-    // Hexadecimal, unlike other readings: intended.
+    // Hexadecimal, unlike other readings.
     return {"Nominal Speed : ", Hex(NominalSpeed, 4), "h"};
   }
 
@@ -80,14 +77,13 @@ std::string SMType27Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType27(TableCursor& cursor) {
-  auto object = std::make_unique<SMType27Obj>();
-  ReadHeader(*object, cursor);
-  object->SetTemperatureProbeHandle(cursor.U16());
-  object->SetDeviceTypeAndStatus(cursor.U8());
-  object->SetCoolingUnitGroup(cursor.U8());
-  object->SetOemDefined(cursor.U32());
-  object->SetNominalSpeed(cursor.U16());
-  AppendObject(std::move(object));
+  ReadStructure<SMType27Obj>(cursor, [&](auto& object) {
+    object.SetTemperatureProbeHandle(cursor.U16());
+    object.SetDeviceTypeAndStatus(cursor.U8());
+    object.SetCoolingUnitGroup(cursor.U8());
+    object.SetOemDefined(cursor.U32());
+    object.SetNominalSpeed(cursor.U16());
+  });
 }
 
 }  // namespace kestrel

@@ -1,8 +1,6 @@
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
@@ -26,7 +24,7 @@ class SMType30Obj final : public SMObj {
   void SetManufacturerName(std::uint8_t value) { ManufacturerName = value; }
   void SetConnections(std::uint8_t value) { Connections = value; }
 
-  // "Description" for the manufacturer: intended.
+  // "Description" for the manufacturer.
   ItemText GetManufacturerNameText() const {
     return {"Description : ", GetString(ManufacturerName)};
   }
@@ -52,12 +50,10 @@ std::string SMType30Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType30(TableCursor& cursor) {
-  auto object = std::make_unique<SMType30Obj>();
-  ReadHeader(*object, cursor);
-  object->SetManufacturerName(cursor.U8());
-  object->SetConnections(cursor.U8());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType30Obj>(cursor, [&](auto& object) {
+    object.SetManufacturerName(cursor.U8());
+    object.SetConnections(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
@@ -74,14 +71,12 @@ std::string SMType34Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType34(TableCursor& cursor) {
-  auto object = std::make_unique<SMType34Obj>();
-  ReadHeader(*object, cursor);
-  object->SetDescription(cursor.U8());
-  object->SetDeviceType(cursor.U8());
-  object->SetAddress(cursor.U32());
-  object->SetAddressType(cursor.U8());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType34Obj>(cursor, [&](auto& object) {
+    object.SetDescription(cursor.U8());
+    object.SetDeviceType(cursor.U8());
+    object.SetAddress(cursor.U32());
+    object.SetAddressType(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
 #include "model/text_block.h"
@@ -55,14 +52,12 @@ std::string SMType35Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType35(TableCursor& cursor) {
-  auto object = std::make_unique<SMType35Obj>();
-  ReadHeader(*object, cursor);
-  object->SetDescription(cursor.U8());
-  object->SetManagementDeviceHandle(cursor.U16());
-  object->SetComponentHandle(cursor.U16());
-  object->SetThresholdHandle(cursor.U16());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType35Obj>(cursor, [&](auto& object) {
+    object.SetDescription(cursor.U8());
+    object.SetManagementDeviceHandle(cursor.U16());
+    object.SetComponentHandle(cursor.U16());
+    object.SetThresholdHandle(cursor.U16());
+  });
 }
 
 }  // namespace kestrel

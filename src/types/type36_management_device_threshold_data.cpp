@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
 #include "model/text_block.h"
@@ -71,15 +68,14 @@ std::string SMType36Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType36(TableCursor& cursor) {
-  auto object = std::make_unique<SMType36Obj>();
-  ReadHeader(*object, cursor);
-  object->SetLowerThresholdNonCritical(cursor.U16());
-  object->SetUpperThresholdNonCritical(cursor.U16());
-  object->SetLowerThresholdCritical(cursor.U16());
-  object->SetUpperThresholdCritical(cursor.U16());
-  object->SetLowerThresholdNonRecoverable(cursor.U16());
-  object->SetUpperThresholdNonRecoverable(cursor.U16());
-  AppendObject(std::move(object));
+  ReadStructure<SMType36Obj>(cursor, [&](auto& object) {
+    object.SetLowerThresholdNonCritical(cursor.U16());
+    object.SetUpperThresholdNonCritical(cursor.U16());
+    object.SetLowerThresholdCritical(cursor.U16());
+    object.SetUpperThresholdCritical(cursor.U16());
+    object.SetLowerThresholdNonRecoverable(cursor.U16());
+    object.SetUpperThresholdNonRecoverable(cursor.U16());
+  });
 }
 
 }  // namespace kestrel

@@ -1,5 +1,4 @@
 #include <cstddef>
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -47,7 +46,7 @@ class SMType37Obj final : public SMObj {
     return {"Memory Device Count : ", Decimal(MemoryDeviceCount)};
   }
   // The label and the devices, each with its line end. The first device stands on the line of the
-  // label, two tabs after it: intended.
+  // label, two tabs after it.
   std::string GetMemoryDevicesText() const;
   ItemText GetMemoryDeviceText(std::size_t index) const {
     const MemoryChannelDevice& device = MemoryDevices[index];
@@ -71,7 +70,7 @@ class SMType37Obj final : public SMObj {
 std::string SMType37Obj::GetMemoryDevicesText() const {
   std::string text = "Memory Devices :";
   for (std::size_t index = 0; index < MemoryDevices.size(); ++index) {
-    Append(text, {"\t\t", GetMemoryDeviceText(index), "\r\n"});
+    Append(text, {"\t\t", GetMemoryDeviceText(index), LineEnd});
   }
   return text;
 }
@@ -89,19 +88,18 @@ std::string SMType37Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType37(TableCursor& cursor) {
-  auto object = std::make_unique<SMType37Obj>();
-  ReadHeader(*object, cursor);
-  object->SetChannelType(cursor.U8());
-  object->SetMaximumChannelLoad(cursor.U8());
-  const std::uint8_t count = cursor.U8();
-  object->SetMemoryDeviceCount(count);
-  std::vector<MemoryChannelDevice> devices(count);
-  for (MemoryChannelDevice& device : devices) {
-    device.DeviceLoad = cursor.U8();
-    device.DeviceHandle = cursor.U16();
-  }
-  object->SetMemoryDevices(std::move(devices));
-  AppendObject(std::move(object));
+  ReadStructure<SMType37Obj>(cursor, [&](auto& object) {
+    object.SetChannelType(cursor.U8());
+    object.SetMaximumChannelLoad(cursor.U8());
+    const std::uint8_t count = cursor.U8();
+    object.SetMemoryDeviceCount(count);
+    std::vector<MemoryChannelDevice> devices(count);
+    for (MemoryChannelDevice& device : devices) {
+      device.DeviceLoad = cursor.U8();
+      device.DeviceHandle = cursor.U16();
+    }
+    object.SetMemoryDevices(std::move(devices));
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
@@ -29,11 +26,11 @@ class SMType38Obj final : public SMObj {
   void SetNvStorageDeviceAddress(std::uint8_t value) { NvStorageDeviceAddress = value; }
   void SetBaseAddress(std::uint64_t value) { BaseAddress = value; }
 
-  // Nothing between label and value: intended.
+  // Nothing between label and value.
   ItemText GetInterfaceTypeText() const {
     return {"Interface Type", TextOfCode(kInterfaceTypes, InterfaceType, kNothing)};
   }
-  // One number, although the byte holds two BCD digits: intended.
+  // One number, although the byte holds two BCD digits.
   ItemText GetIpmiSpecificationRevisionText() const {
     return {"IPMI Specification Revision : ", Decimal(IpmiSpecificationRevision)};
   }
@@ -68,14 +65,13 @@ std::string SMType38Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType38(TableCursor& cursor) {
-  auto object = std::make_unique<SMType38Obj>();
-  ReadHeader(*object, cursor);
-  object->SetInterfaceType(cursor.U8());
-  object->SetIpmiSpecificationRevision(cursor.U8());
-  object->SetI2cSlaveAddress(cursor.U8());
-  object->SetNvStorageDeviceAddress(cursor.U8());
-  object->SetBaseAddress(cursor.U64());
-  AppendObject(std::move(object));
+  ReadStructure<SMType38Obj>(cursor, [&](auto& object) {
+    object.SetInterfaceType(cursor.U8());
+    object.SetIpmiSpecificationRevision(cursor.U8());
+    object.SetI2cSlaveAddress(cursor.U8());
+    object.SetNvStorageDeviceAddress(cursor.U8());
+    object.SetBaseAddress(cursor.U64());
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
@@ -133,14 +130,16 @@ class SMType39Obj final : public SMObj {
 };
 
 std::string SMType39Obj::GetPowerSupplyCharacteristicsText() const {
-  // No blank after the colon: intended.
-  std::string text = "Power Supply Characteristic :\r\n";
-  Append(text, {"\t\t", GetHotReplaceableText(), "\r\n"});
-  Append(text, {"\t\t", GetPresentText(), "\r\n"});
-  Append(text, {"\t\t", GetUnpluggedText(), "\r\n"});
-  Append(text, {"\t\t", GetInputVoltageRangeSwitchingText(), "\r\n"});
-  Append(text, {"\t\t", GetStatusText(), "\r\n"});
-  Append(text, {"\t\t", GetPowerSupplyTypeText(), "\r\n"});
+  std::string text;
+  // No blank after the colon.
+  Append(text, {"Power Supply Characteristic :", LineEnd});
+  const auto append = [&](const ItemText& line) { Append(text, {"\t\t", line, LineEnd}); };
+  append(GetHotReplaceableText());
+  append(GetPresentText());
+  append(GetUnpluggedText());
+  append(GetInputVoltageRangeSwitchingText());
+  append(GetStatusText());
+  append(GetPowerSupplyTypeText());
   return text;
 }
 
@@ -155,7 +154,7 @@ std::string SMType39Obj::ToString() const {
   block.Item(GetModelPartNumberText());
   block.Item(GetRevisionLevelText());
   block.Item(GetMaxPowerCapacityText());
-  // Its item's line end leaves an empty line within the block: intended.
+  // Its item's line end leaves an empty line within the block.
   block.Item(GetPowerSupplyCharacteristicsText());
   block.Item(GetInputVoltageProbeHandleText());
   block.Item(GetCoolingDeviceHandleText());
@@ -166,23 +165,21 @@ std::string SMType39Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType39(TableCursor& cursor) {
-  auto object = std::make_unique<SMType39Obj>();
-  ReadHeader(*object, cursor);
-  object->SetPowerUnitGroup(cursor.U8());
-  object->SetLocation(cursor.U8());
-  object->SetDeviceName(cursor.U8());
-  object->SetManufacturer(cursor.U8());
-  object->SetSerialNumber(cursor.U8());
-  object->SetAssetTagNumber(cursor.U8());
-  object->SetModelPartNumber(cursor.U8());
-  object->SetRevisionLevel(cursor.U8());
-  object->SetMaxPowerCapacity(cursor.U16());
-  object->SetPowerSupplyCharacteristics(cursor.U16());
-  object->SetInputVoltageProbeHandle(cursor.U16());
-  object->SetCoolingDeviceHandle(cursor.U16());
-  object->SetInputCurrentProbeHandle(cursor.U16());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType39Obj>(cursor, [&](auto& object) {
+    object.SetPowerUnitGroup(cursor.U8());
+    object.SetLocation(cursor.U8());
+    object.SetDeviceName(cursor.U8());
+    object.SetManufacturer(cursor.U8());
+    object.SetSerialNumber(cursor.U8());
+    object.SetAssetTagNumber(cursor.U8());
+    object.SetModelPartNumber(cursor.U8());
+    object.SetRevisionLevel(cursor.U8());
+    object.SetMaxPowerCapacity(cursor.U16());
+    object.SetPowerSupplyCharacteristics(cursor.U16());
+    object.SetInputVoltageProbeHandle(cursor.U16());
+    object.SetCoolingDeviceHandle(cursor.U16());
+    object.SetInputCurrentProbeHandle(cursor.U16());
+  });
 }
 
 }  // namespace kestrel

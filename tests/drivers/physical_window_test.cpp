@@ -74,7 +74,7 @@ TEST(PhysicalWindow, RefusesWhatItDoesNotAllow) {
 
 // What a copy takes after a length and an address are noted: they may come in any order.
 PhysicalRange RangeOf(std::string_view length, std::string_view address, Unsigned32 outputLength) {
-  static PhysicalWindow window;
+  PhysicalWindow window{};
   PhysicalRange range{};
   EXPECT_EQ(Send(window, {0x222020, length, 0, {}}, range), WindowNoted);
   EXPECT_EQ(Send(window, {0x222018, address, 0, {}}, range), WindowNoted);

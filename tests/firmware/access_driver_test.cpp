@@ -1,7 +1,6 @@
 #include "firmware/access_driver.h"
 
 #include <array>
-#include <cctype>
 #include <gmock/gmock.h>
 #include <utility>
 
@@ -104,9 +103,13 @@ TEST(AccessDriverTest, FindsTheDriverBesideTheHost) {
     std::string Host;
     // Empty when no service may be installed.
     std::string Driver;
+    bool IsDoubleByte = false;
   } cases[] = {
       {"host.exe", "Petrel.sys"},
       {R"(\\Server\A B\c.d\host)", R"(\\Server\A B\c.d\Petrel.sys)"},
+      {"C:\\\x83\\host.exe", "C:\\\x83\\Petrel.sys"},
+      {"C:\\\x83\\host.exe", "C:\\Petrel.sys", true},
+      {"C:\\\x83\\\\host.exe", "C:\\\x83\\\\Petrel.sys", true},
       // A host of 259 characters, and one too many.
       {R"(C:\)" + std::string(256, 'h'), R"(C:\Petrel.sys)"},
       {R"(C:\)" + std::string(257, 'h'), ""},
@@ -117,82 +120,111 @@ TEST(AccessDriverTest, FindsTheDriverBesideTheHost) {
   for (const auto& test : cases) {
     EmulatedWindows windows;
     windows.ModulePath = test.Host;
+    windows.IsDoubleByte = test.IsDoubleByte;
     EXPECT_EQ(AccessDriver().Open(), test.Driver.empty() ? 0 : 1) << test.Host;
     EXPECT_EQ(windows.BinaryPath, test.Driver);
   }
 }
 
-// How a host that opens, reads and closes fares: 'r' it reads, 'o' it opens but reads nothing, 'x'
-// it does not open, 'l' nor does it take its service away before it closes; a capital letter when a
-// service is left in the end.
-char RunHost(EmulatedWindows& windows) {
+// How a host fares that opens, reads and closes, and whether the service is installed before it
+// closes, if it could not open, and after.
+std::string RunHost(EmulatedWindows& windows) {
   AccessDriver driver;
+  EXPECT_EQ(driver.Close(), 1);
   std::array<std::uint8_t, 4> buffer{};
-  const bool opened = driver.Open() == 1;
-  const char unopened = windows.Setup.ServiceState == 0 ? 'x' : 'l';
-  const bool read = driver.ReadPhysical(0, buffer) == 4;
-  driver.Close();
+  const bool isOpen = driver.Open() == 1;
+  const char* before = !isOpen && windows.Setup.ServiceState != 0 ? ", installed" : "";
+  const char* read = driver.ReadPhysical(0, buffer) == 4 ? "reads" : isOpen ? "opens" : "fails";
+  const char* closed = driver.Close() == 1 ? "" : ", not closed";
+  const char* after = windows.Setup.ServiceState != 0 ? ", left installed" : "";
   EXPECT_THAT(windows.OpenHandles, IsEmpty());
-  const char outcome = read ? 'r' : opened ? 'o' : unopened;
-  return windows.Setup.ServiceState == 0 ? outcome : static_cast<char>(std::toupper(outcome));
+  return std::string(read) + before + closed + after;
 }
 
 TEST(AccessDriverTest, EndsCleanWhicheverCallFails) {
-  const std::string loadAndRead = "llxrrrrxooo";
-  const std::string close = "rRRrRrr";
+  const std::string install = R"(GetModuleFileNameA: fails, not closed
+OpenSCManagerA: fails, not closed
+CreateServiceA: fails, not closed
+)";
+  const std::string find = R"(GetModuleFileNameA: fails, installed
+OpenSCManagerA: fails, installed
+OpenServiceA: fails, installed
+)";
+  const std::string stop = "ControlService: fails, not closed\nControlService: fails, installed\n";
+  const std::string start = R"(OpenSCManagerA: fails, installed
+OpenServiceA: fails, installed
+StartServiceA: fails, not closed
+)";
+  const std::string answer = "ControlService: fails, not closed\n";
+  const std::string readAndClose = R"(CreateFileA: fails, not closed
+DeviceIoControl: opens
+DeviceIoControl: opens
+DeviceIoControl: opens
+OpenSCManagerA: reads, not closed, left installed
+OpenServiceA: reads, not closed, left installed
+DeleteService: reads, left installed
+)";
   const struct {
+    const char* Name;
     WindowsSetup Setup;
     DWORD Milliseconds;
-    // How the host fares when this call of its run fails, for each call.
-    std::string Outcomes;
+    std::string Outcome;
+    // Each call that changes the outcome when it fails.
+    std::string Changes;
   } cases[] = {
-      {kWindows95, 0, "rxxooor"},
-      {kXP, 1000, "rxxrxrr" + loadAndRead + close},
-      {kLeftStopped, 1000, "rlllrrr" + loadAndRead + close},
-      {kLeftRunning, 2000, "rlllxlrrrr" + loadAndRead + close},
-      {{.MillisecondsToStart = 10000}, 10000, "rxxrxrrllxrrrrrrrrrrrrrrrrrrrxrrxooo" + close},
-      {{.ServiceState = SERVICE_RUNNING, .MillisecondsToStop = kNever},
+      {"Windows 95", kWindows95, 0, "reads", R"(GetVersionExA: fails
+CreateFileA: fails, not closed
+DeviceIoControl: opens
+DeviceIoControl: opens
+DeviceIoControl: opens
+CloseHandle: reads, not closed
+)"},
+      {"XP", kXP, 1000, "reads", install + start + readAndClose},
+      {"a service left stopped", kLeftStopped, 1000, "reads", find + start + readAndClose},
+      {"a service left running", kLeftRunning, 2000, "reads", find + stop + start + readAndClose},
+      {"a service that starts late",
+       {.MillisecondsToStart = 10000},
        10000,
-       "llllx" + std::string(23, 'l') + "LLlLll"},
-      {{.MillisecondsToStart = kNever}, 10000, "xxxxxxxll" + std::string(23, 'x') + "llxlxxxxx"},
+       "reads",
+       install + start + answer + readAndClose},
+      {"a service that does not stop",
+       {.ServiceState = SERVICE_RUNNING, .MillisecondsToStop = kNever},
+       10000,
+       "fails, installed",
+       R"(ControlService: fails, not closed
+OpenSCManagerA: fails, installed, not closed, left installed
+OpenServiceA: fails, installed, not closed, left installed
+DeleteService: fails, installed, left installed
+)"},
+      {"a service that does not start",
+       {.MillisecondsToStart = kNever},
+       10000,
+       "fails, not closed",
+       R"(OpenSCManagerA: fails, installed
+OpenServiceA: fails, installed
+OpenSCManagerA: fails, installed
+OpenServiceA: fails, installed
+DeleteService: fails, installed
+)"},
   };
   for (const auto& test : cases) {
-    std::string outcomes;
+    SCOPED_TRACE(test.Name);
+    std::string changes;
     for (std::size_t failing = 0;; ++failing) {
       EmulatedWindows windows(test.Setup);
       windows.FailingCall = failing;
-      const char outcome = RunHost(windows);
+      const std::string outcome = RunHost(windows);
       if (windows.CallCount == failing) {
         // There is no such call: nothing failed.
-        EXPECT_EQ(outcome, test.Outcomes.front());
+        EXPECT_EQ(outcome, test.Outcome);
         EXPECT_EQ(windows.Clock, test.Milliseconds);
         break;
       }
-      outcomes += outcome;
+      if (outcome != test.Outcome) {
+        changes += windows.GetCall(failing) + ": " + outcome + "\n";
+      }
     }
-    EXPECT_EQ(outcomes, test.Outcomes);
-  }
-}
-
-TEST(AccessDriverTest, ReturnsHowClosingWent) {
-  const struct {
-    WindowsSetup Setup;
-    // When this call of Close fails, for each call; then when none does.
-    std::string Results;
-  } cases[] = {{kWindows95, "01"}, {kXP, "10011111"}};
-  for (const auto& test : cases) {
-    std::string results;
-    while (results.size() < test.Results.size()) {
-      EmulatedWindows windows(test.Setup);
-      AccessDriver driver;
-      EXPECT_EQ(driver.Close(), 1);
-      driver.Open();
-      windows.FailingCall = windows.CallCount + results.size();
-      results += std::to_string(driver.Close());
-      windows.FailingCall.reset();
-      EXPECT_EQ(driver.Close(), windows.Setup.ServiceState != 0 ? 1 : 0);
-    }
-    EXPECT_EQ(results, test.Results);
+    EXPECT_EQ(changes, test.Changes);
   }
 }
 

@@ -6,8 +6,8 @@
 
 #include "firmware/entry_point.h"
 #include "firmware/entry_point_search.h"
-#include "firmware/firmware_access.h"
 #include "firmware/sparse_memory.h"
+#include "model/firmware_access.h"
 #include "model/smbios_reader.h"
 #include "tests/firmware/entry_points.h"
 

@@ -75,6 +75,14 @@ EmulatedWindows::EmulatedWindows(const WindowsSetup& setup) : Setup(setup) { mac
 
 EmulatedWindows::~EmulatedWindows() { machine = nullptr; }
 
+std::string EmulatedWindows::GetCall(std::size_t number) const {
+  std::size_t start = 0;
+  for (; number != 0; --number) {
+    start = Calls.find('\n', start) + 1;
+  }
+  return Calls.substr(start, Calls.find('(', start) - start);
+}
+
 }  // namespace kestrel
 
 BOOL GetVersionExA(OSVERSIONINFOA* version) {
@@ -96,6 +104,8 @@ DWORD GetModuleFileNameA(HMODULE module, LPSTR path, DWORD size) {
   // A path that does not fit is cut. No path gets a terminating zero here: its length is enough.
   return static_cast<DWORD>(machine->ModulePath.copy(path, size));
 }
+
+BOOL IsDBCSLeadByte(BYTE byte) { return machine->IsDoubleByte && byte >= 0x81 ? TRUE : FALSE; }
 
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPVOID security, DWORD disposition,
                    DWORD flags, HANDLE templateFile) {

@@ -37,6 +37,8 @@ struct EmulatedWindows {
 
   WindowsSetup Setup;
   std::string ModulePath = R"(C:\Host\host.exe)";
+  // Whether bytes from 81h on begin a character of two bytes.
+  bool IsDoubleByte = false;
   // What the driver says it copied, where that is not the truth.
   std::optional<DWORD> ReportedBytes;
   // The number, from 0 on, of a call that fails. A handle that cannot be closed is gone all the
@@ -47,6 +49,8 @@ struct EmulatedWindows {
   // were opened, and what is open.
   std::string Calls;
   std::size_t CallCount = 0;
+  // The name of the function of a call, counted from 0.
+  std::string GetCall(std::size_t number) const;
   std::set<std::pair<std::uintptr_t, char>> OpenHandles;
   std::uintptr_t LastHandle = 0;
   // In milliseconds. It moves when somebody sleeps, and nobody waits for it.

@@ -72,24 +72,25 @@ std::string MifRowsOf(const Bytes& table, std::uint8_t type, SmbiosVersion versi
   return rows;
 }
 
-void ExpectReports(std::initializer_list<ReportCase> cases) {
+void ExpectReports(std::initializer_list<ReportCase> cases, Caller caller) {
+  const testing::ScopedTrace trace(caller.File, caller.Line, "called here");
   for (const ReportCase& test : cases) {
     EXPECT_EQ(ReportOf(test.Table, test.Version), test.Report) << test.Name;
   }
 }
 
-void ExpectLines(const Bytes& structure, std::initializer_list<LineCase> cases) {
+void ExpectLines(const Bytes& structure, std::initializer_list<LineCase> cases, Caller caller) {
+  const testing::ScopedTrace trace(caller.File, caller.Line, "called here");
   for (const LineCase& test : cases) {
-    std::string line;
-    Append(line, {"\r\n\t", test.Line, "\r\n"});
+    const std::string line = kestrel::Join({"\r\n\t", test.Line, "\r\n"});
     EXPECT_THAT(ReportOf(WithBytes(structure, test)), testing::HasSubstr(line));
   }
 }
 
-void ExpectMifRows(const Bytes& structure, std::initializer_list<LineCase> cases) {
+void ExpectMifRows(const Bytes& structure, std::initializer_list<LineCase> cases, Caller caller) {
+  const testing::ScopedTrace trace(caller.File, caller.Line, "called here");
   for (const LineCase& test : cases) {
-    std::string row;
-    Append(row, {"\t", test.Line, "\r\n"});
+    const std::string row = kestrel::Join({"\t", test.Line, "\r\n"});
     EXPECT_EQ(MifRowsOf(WithBytes(structure, test), structure.front()), row);
   }
 }

@@ -33,6 +33,12 @@ std::string MifOf(const Bytes& table, SmbiosVersion version = {});
 // The rows that the objects of type `type` give, in table order, numbered from 1 on.
 std::string MifRowsOf(const Bytes& table, std::uint8_t type, SmbiosVersion version = {});
 
+// Where a check below is called: its failures name that line, not the one in here.
+struct Caller {
+  const char* File = __builtin_FILE();
+  int Line = __builtin_LINE();
+};
+
 // A table, often of one structure only, and the whole report of it.
 struct ReportCase {
   const char* Name;
@@ -41,7 +47,7 @@ struct ReportCase {
   SmbiosVersion Version = {};
 };
 
-void ExpectReports(std::initializer_list<ReportCase> cases);
+void ExpectReports(std::initializer_list<ReportCase> cases, Caller caller = {});
 
 // Bytes put at an offset of a structure, and a line that its block then has, without tab and line
 // end. "\r\n" within the line stands for itself.
@@ -51,10 +57,11 @@ struct LineCase {
   std::string_view Line;
 };
 
-void ExpectLines(const Bytes& structure, std::initializer_list<LineCase> cases);
+void ExpectLines(const Bytes& structure, std::initializer_list<LineCase> cases, Caller caller = {});
 
 // The same for the row that the structure gives in the MIF table of its type.
-void ExpectMifRows(const Bytes& structure, std::initializer_list<LineCase> cases);
+void ExpectMifRows(const Bytes& structure, std::initializer_list<LineCase> cases,
+                   Caller caller = {});
 
 // The content of a file under tests/expected/.
 std::string ExpectedText(const std::string& name);

@@ -85,7 +85,7 @@ in_library() {
 
 # Windows 95 has all of these.
 windows95="$(in_library KERNEL32.dll CloseHandle CreateFileA DeviceIoControl GetModuleFileNameA \
-  GetProcAddress GetVersionExA LoadLibraryA Sleep)
+  GetProcAddress GetVersionExA IsDBCSLeadByte LoadLibraryA Sleep)
 $(in_library msvcrt.dll abort free malloc memchr memcmp memcpy memmove memset strlen)"
 
 # Windows XP has all of these on x64; those beyond the first come with the C++ runtime.

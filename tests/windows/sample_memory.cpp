@@ -13,7 +13,7 @@ int main(int /*argumentCount*/, char** arguments) {
   const std::vector<std::uint8_t> table = kestrel::MakeSampleTable();
   const std::vector<std::uint8_t> entryPoint = kestrel::MakeEntryPoint(
       kestrel::kSampleVersion, kTableAddress, static_cast<std::uint16_t>(table.size()),
-      kestrel::MeasureTable(table, table.size(), false));
+      kestrel::MeasureTable(table, table.size(), kestrel::EntryPointKind::Bits32));
   std::vector<char> memory(0x200000);
   std::copy(entryPoint.begin(), entryPoint.end(), memory.begin() + kEntryPointAddress);
   std::copy(table.begin(), table.end(), memory.begin() + kTableAddress);

@@ -9,7 +9,7 @@
 #include "catalog/decoder.h"
 #include "catalog/type_catalog.h"
 #include "firmware/table_firmware.h"
-#include "types/type0_bios_information.h"
+#include "types/type00_bios_information.h"
 
 namespace kestrel {
 

@@ -4,16 +4,14 @@
 #include <iterator>
 
 #include "base/structure_header.h"
-#include "base/table_cursor.h"
 #include "model/table_walk.h"
+#include "types/type00_bios_information.h"
 
 namespace kestrel {
 
 namespace {
 
-// A shorter BIOS Information is taken for zeros between structures and dropped.
-constexpr std::size_t kShortestBiosInformation = 18;
-
+// A shorter one is taken for zeros between structures.
 bool IsDropped(const catalog::Structure& structure) {
   return structure.Type == kBiosInformation &&
          structure.Formatted.size() < kShortestBiosInformation;
@@ -48,23 +46,21 @@ WalkComparison CompareWithWalk(const catalog::TableScan& scan,
   const std::size_t endOfContent = EndOfContent(walked);
   auto scanned = scan.Structures.begin();
   const auto end = scan.Structures.end();
-  TableCursor cursor(walked);
-  while (!cursor.IsAtEnd()) {
-    const std::size_t start = cursor.GetPosition();
-    const std::uint8_t type = cursor.Peek();
-    MoveToNextStructure(cursor, start);
+  TableWalk walk(walked);
+  while (const auto structure = walk.Next()) {
+    const std::size_t start = structure->Start;
     for (; scanned != end && scanned->Offset < start; ++scanned) {
       comparison.Lost.push_back(PlaceOf(*scanned));
     }
     if (scanned == end || scanned->Offset != start) {
       if (start < endOfContent) {
-        comparison.Invented.push_back({start, type});
+        comparison.Invented.push_back({start, structure->Type});
       }
       continue;
     }
     if (IsDropped(*scanned)) {
       comparison.Lost.push_back(PlaceOf(*scanned));
-    } else if (cursor.GetPosition() < scanned->GetEnd()) {
+    } else if (structure->Next < scanned->GetEnd()) {
       comparison.CutShort.push_back(PlaceOf(*scanned));
     }
     ++scanned;

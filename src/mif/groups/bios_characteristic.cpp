@@ -1,5 +1,5 @@
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -18,7 +18,7 @@ constexpr MifEnumItem kBiosCharacteristic[] = {
     {9, "PnP Support"},
     {10, "APM Support"},
     {11, "Upgradeable BIOS"},
-    {12, "BIOS Shadowing allowe"},  // The missing "d": intended.
+    {12, "BIOS Shadowing allowe"},  // The missing "d".
     {13, "VL VESA Support"},
     {14, "ESCD Support"},
     {15, "LS-120 Support"},
@@ -73,7 +73,7 @@ constexpr MifGroup kBiosCharacteristicGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakeBiosCharacteristicGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kBiosCharacteristicGroup>, idCounter);
+  return MakeGroup<kBiosCharacteristicGroup>(idCounter);
 }
 
 }  // namespace kestrel

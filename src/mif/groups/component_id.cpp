@@ -2,9 +2,9 @@
 #include <string_view>
 
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
-#include "types/type1_system_information.h"
+#include "types/type01_system_information.h"
 
 namespace kestrel {
 
@@ -25,22 +25,22 @@ constexpr MifAttribute kComponentIdAttributes[] = {
     {.Name = "Manufacturer",
      .Storage = kCommon,
      .Type = kDisplayString64,
-     .Value = kSystemText,
+     .GetValue = &SMBiosReader::GetComponentManufacturer,
      .Description = "Manufacturer of this system."},
     {.Name = "Product",
      .Storage = kCommon,
      .Type = kDisplayString64,
-     .Value = kSystemText,
+     .GetValue = &SMBiosReader::GetComponentProduct,
      .Description = "Product name for this system."},
     {.Name = "Version",
      .Storage = kSpecific,
      .Type = kDisplayString64,
-     .Value = kSystemText,
+     .GetValue = &SMBiosReader::GetComponentVersion,
      .Description = "Version number of this system."},
     {.Name = "Serial Number",
      .Storage = kSpecific,
      .Type = kDisplayString64,
-     .Value = kSystemText,
+     .GetValue = &SMBiosReader::GetComponentSerialNumber,
      .Description = "Serial number for this system."},
     {.Name = "Installation",
      .Storage = kSpecific,
@@ -56,13 +56,6 @@ constexpr MifAttribute kComponentIdAttributes[] = {
      .Items = kVerify},
 };
 
-constexpr MifValueGetter kValues[] = {
-    &SMBiosReader::GetComponentManufacturer,
-    &SMBiosReader::GetComponentProduct,
-    &SMBiosReader::GetComponentVersion,
-    &SMBiosReader::GetComponentSerialNumber,
-};
-
 constexpr MifGroup kComponentIdGroup = {
     .Banner = "// Group:           DMTF|ComponentID|001          //",
     .Name = "ComponentID",
@@ -73,7 +66,6 @@ constexpr MifGroup kComponentIdGroup = {
     .Key = "",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.1.1 ;",
     .Attributes = kComponentIdAttributes,
-    .Values = kValues,
 };
 
 // Returns what follows the label of an item text, without the blanks with which firmware pads
@@ -96,7 +88,7 @@ std::string ComponentValue(const SMBiosReader& reader, ItemText (SMType1Obj::*it
 }  // namespace
 
 std::string SMBiosReader::MakeComponentIDGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kComponentIdGroup>, idCounter);
+  return MakeGroup<kComponentIdGroup>(idCounter);
 }
 
 std::string SMBiosReader::GetComponentManufacturer() const {

@@ -1,5 +1,5 @@
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -74,7 +74,7 @@ constexpr MifGroup kMemoryArrayMappedAddressesGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakeMemoryArrayMappedAddressesGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kMemoryArrayMappedAddressesGroup>, idCounter);
+  return MakeGroup<kMemoryArrayMappedAddressesGroup>(idCounter);
 }
 
 }  // namespace kestrel

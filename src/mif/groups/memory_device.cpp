@@ -1,6 +1,6 @@
 #include "mif/groups/shared_data.h"
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -51,7 +51,7 @@ constexpr MifAttribute kMemoryDeviceAttributes[] = {
      .Description = "A string identifying the physically labeled socket or board \n"
                     "position where the memory device is located. E.g. 'SIMM 3' or \n"
                     "'IC12'.",
-     .ContinuationIndent = "\t\t"},  // One tab less than elsewhere: intended.
+     .ContinuationTabs = 2},  // One tab less than elsewhere.
     {.Name = "Bank Locator",
      .Storage = kSpecific,
      .Type = kDisplayString64,
@@ -197,7 +197,7 @@ constexpr MifGroup kMemoryDeviceGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakeMemoryDeviceGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kMemoryDeviceGroup>, idCounter);
+  return MakeGroup<kMemoryDeviceGroup>(idCounter);
 }
 
 }  // namespace kestrel

@@ -1,5 +1,5 @@
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -92,7 +92,7 @@ constexpr MifGroup kMemoryDeviceMappedAddressesGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakeMemoryDeviceMappedAddressesGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kMemoryDeviceMappedAddressesGroup>, idCounter);
+  return MakeGroup<kMemoryDeviceMappedAddressesGroup>(idCounter);
 }
 
 }  // namespace kestrel

@@ -1,6 +1,6 @@
 #include "mif/groups/shared_data.h"
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -112,7 +112,7 @@ constexpr MifAttribute kPhysicalMemoryArrayAttributes[] = {
      .Type = kOctetString64,
      .Value = kEmptyString,
      .Description = "Vendor-specific syndrome or CRC data associated with the \n"
-                    "erroneous access. "},  // Trailing blank: intended.
+                    "erroneous access. "},  // Trailing blank.
     {.Name = "Error Address",
      .Storage = kCommon,
      .Type = kInteger64,
@@ -143,7 +143,7 @@ constexpr MifGroup kPhysicalMemoryArrayGroup = {
     .Description =
         "This group represents an array of physical memory as a collection \n"
         "of one or more Memory Devices associated in sets and partitions.\n"
-        "slots supported in this system.",  // A line about slots: intended.
+        "slots supported in this system.",  // A line about slots.
     .Key = "1",
     .Pragma = "SNMP:1.3.6.1.4.1.412.2.4.33 ;",
     .Attributes = kPhysicalMemoryArrayAttributes,
@@ -153,7 +153,7 @@ constexpr MifGroup kPhysicalMemoryArrayGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakePhysicalMemoryArrayGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kPhysicalMemoryArrayGroup>, idCounter);
+  return MakeGroup<kPhysicalMemoryArrayGroup>(idCounter);
 }
 
 }  // namespace kestrel

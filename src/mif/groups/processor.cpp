@@ -1,6 +1,6 @@
 #include "mif/groups/shared_data.h"
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -46,7 +46,7 @@ constexpr MifEnumItem kProcessorFamily[] = {
     {37, "Power PC 620"},
     {38, "Power PC x704"},
     {39, "Power PC 750"},
-    {48, "Alpha Family3"},  // With the digit: intended.
+    {48, "Alpha Family3"},  // With the digit.
     {49, "Alpha 21064"},
     {50, "Alpha 21066"},
     {51, "Alpha 21164"},
@@ -184,7 +184,7 @@ constexpr MifAttribute kProcessorAttributes[] = {
      .Storage = kCommon,
      .Type = kEnumeration,
      .Value = "2",
-     .Description = "The status of this processor",  // No full stop: intended.
+     .Description = "The status of this processor",  // No full stop.
      .Items = kStatus,
      .EnumWord = kEnumMixedCase},
 };
@@ -205,7 +205,7 @@ constexpr MifGroup kProcessorGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakeProcessorGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kProcessorGroup>, idCounter);
+  return MakeGroup<kProcessorGroup>(idCounter);
 }
 
 }  // namespace kestrel

@@ -1,5 +1,5 @@
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -74,7 +74,7 @@ constexpr MifGroup kSystemBiosGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakeSystemBiosGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kSystemBiosGroup>, idCounter);
+  return MakeGroup<kSystemBiosGroup>(idCounter);
 }
 
 }  // namespace kestrel

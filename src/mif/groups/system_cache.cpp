@@ -1,6 +1,6 @@
 #include "mif/groups/shared_data.h"
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -87,7 +87,7 @@ constexpr MifGroup kSystemCacheGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakeSystemCacheGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kSystemCacheGroup>, idCounter);
+  return MakeGroup<kSystemCacheGroup>(idCounter);
 }
 
 }  // namespace kestrel

@@ -1,5 +1,5 @@
 #include "mif/mif_group.h"
-#include "mif/mif_group_text.h"
+#include "mif/mif_group_checks.h"
 #include "model/smbios_reader.h"
 
 namespace kestrel {
@@ -42,7 +42,7 @@ constexpr MifAttribute kSystemSlotAttributes[] = {
                     "Bit 8 (2^8) indicates PC-98/C20, \n"
                     "Bit 9 (2^9) indicates PC-98/C24, \n"
                     "Bit 10 (2^10) indicates PC-98/E, \n"
-                    "Bit 11 (2^11) indicates PC-98/Local Bus\n"  // No comma, no blank: intended.
+                    "Bit 11 (2^11) indicates PC-98/Local Bus\n"  // No comma, no blank.
                     "Bit 12 (2^12) indicates PC-98/Card slot."},
     {.Name = "Slot Width",
      .Storage = kCommon,
@@ -54,7 +54,7 @@ constexpr MifAttribute kSystemSlotAttributes[] = {
      .Storage = kCommon,
      .Type = kEnumeration,
      .Value = "1",
-     .Description = "Is this slot is currently in use?",  // The doubled "is": intended.
+     .Description = "Is this slot is currently in use?",  // The doubled "is".
      .Items = kCurrentUsage},
     {.Name = "Slot Description",
      .Storage = kSpecific,
@@ -79,7 +79,7 @@ constexpr MifGroup kSystemSlotGroup = {
 }  // namespace
 
 std::string SMBiosReader::MakeSystemSlotGroup(int& idCounter) const {
-  return MakeGroup(kMifGroupText<kSystemSlotGroup>, idCounter);
+  return MakeGroup<kSystemSlotGroup>(idCounter);
 }
 
 }  // namespace kestrel

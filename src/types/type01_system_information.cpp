@@ -1,7 +1,4 @@
-#include "types/type1_system_information.h"
-
-#include <memory>
-#include <utility>
+#include "types/type01_system_information.h"
 
 #include "base/table_cursor.h"
 #include "model/code_text.h"
@@ -25,18 +22,16 @@ SMType1Obj::SMType1Obj() {
 }
 
 void SMBiosReader::ReadType1(TableCursor& cursor) {
-  auto object = std::make_unique<SMType1Obj>();
-  ReadHeader(*object, cursor);
-  object->SetManufacturer(cursor.U8());
-  object->SetProductName(cursor.U8());
-  object->SetVersion(cursor.U8());
-  object->SetSerialNumber(cursor.U8());
-  std::array<std::uint8_t, 16> uuid{};
-  cursor.Bytes(uuid);
-  object->SetUuid(uuid);
-  object->SetWakeUpType(cursor.U8());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType1Obj>(cursor, [&](auto& object) {
+    object.SetManufacturer(cursor.U8());
+    object.SetProductName(cursor.U8());
+    object.SetVersion(cursor.U8());
+    object.SetSerialNumber(cursor.U8());
+    std::array<std::uint8_t, 16> uuid{};
+    cursor.Bytes(uuid);
+    object.SetUuid(uuid);
+    object.SetWakeUpType(cursor.U8());
+  });
 }
 
 ItemText SMType1Obj::GetManufacturerText() const {

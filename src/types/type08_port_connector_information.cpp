@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
@@ -46,7 +43,7 @@ constexpr CodeText kConnectorTypes[] = {
     {0x20, "BNC"},
     {0x21, "1394"},
     {0xA0, "PC-98"},
-    {0xA1, "PC-98Hireso"},  // One hyphen here, two among the port types: intended.
+    {0xA1, "PC-98Hireso"},  // One hyphen here, two among the port types.
     {0xA2, "PC-H98"},
     {0xA3, "PC-98Note"},
     {0xA4, "PC-98Full"},
@@ -157,15 +154,13 @@ std::string SMType8Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType8(TableCursor& cursor) {
-  auto object = std::make_unique<SMType8Obj>();
-  ReadHeader(*object, cursor);
-  object->SetInternalReferenceDesignator(cursor.U8());
-  object->SetInternalConnectorType(cursor.U8());
-  object->SetExternalReferenceDesignator(cursor.U8());
-  object->SetExternalConnectorType(cursor.U8());
-  object->SetPortType(cursor.U8());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType8Obj>(cursor, [&](auto& object) {
+    object.SetInternalReferenceDesignator(cursor.U8());
+    object.SetInternalConnectorType(cursor.U8());
+    object.SetExternalReferenceDesignator(cursor.U8());
+    object.SetExternalConnectorType(cursor.U8());
+    object.SetPortType(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

@@ -3,11 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "base/table_cursor.h"
@@ -79,7 +77,7 @@ class SMType5Obj final : public SMObj {
             TextOfCode(kErrorDetectingMethods, ErrorDetectingMethod, kUnknown)};
   }
   ItemText GetErrorCorrectingCapabilityText() const {
-    // Nothing between two capabilities: intended.
+    // Nothing between two capabilities.
     return {"Error Correcting Capability : ",
             TextOfBits(kErrorCorrectingCapabilities, ErrorCorrectingCapability, "")};
   }
@@ -124,7 +122,7 @@ class SMType5Obj final : public SMObj {
 };
 
 ItemText SMType5Obj::GetMemoryModuleVoltageText() const {
-  // Of several voltages only the first is shown: intended.
+  // Of several voltages only the first is shown.
   const auto bit = static_cast<std::size_t>(std::countr_zero(MemoryModuleVoltage));
   return {"Memory Module Voltage : ", bit < std::size(kVoltages) ? kVoltages[bit] : kUnknown};
 }
@@ -132,7 +130,7 @@ ItemText SMType5Obj::GetMemoryModuleVoltageText() const {
 ItemText SMType5Obj::GetMemoryModuleHandlesText() const {
   ItemText text{"Memory Module Configuration Handles :"};
   for (const std::uint16_t handle : MemoryModuleHandles) {
-    // At least two digits, though a handle has four: intended.
+    // At least two digits, though a handle has four.
     text.Append({" ", Hex(handle, 2), "h"});
   }
   return text;
@@ -156,25 +154,24 @@ std::string SMType5Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType5(TableCursor& cursor) {
-  auto object = std::make_unique<SMType5Obj>();
-  ReadHeader(*object, cursor);
-  object->SetErrorDetectingMethod(cursor.U8());
-  object->SetErrorCorrectingCapability(cursor.U8());
-  object->SetSupportedInterleave(cursor.U8());
-  object->SetCurrentInterleave(cursor.U8());
-  object->SetMaximumMemoryModuleSize(cursor.U8());
-  object->SetSupportedSpeeds(cursor.U16());
-  object->SetSupportedMemoryTypes(cursor.U16());
-  object->SetMemoryModuleVoltage(cursor.U8());
-  object->SetNumberOfAssociatedSlots(cursor.U8());
-  std::array<std::uint16_t, 0xFF> handles{};
-  const std::uint8_t count = object->GetNumberOfAssociatedSlots();
-  for (std::uint16_t& handle : std::span(handles).first(count)) {
-    handle = cursor.U16();
-  }
-  object->SetMemoryModuleHandles(handles.data(), count);
-  object->SetEnabledErrorCorrectingCapabilities(cursor.U8());
-  AppendObject(std::move(object));
+  ReadStructure<SMType5Obj>(cursor, [&](auto& object) {
+    object.SetErrorDetectingMethod(cursor.U8());
+    object.SetErrorCorrectingCapability(cursor.U8());
+    object.SetSupportedInterleave(cursor.U8());
+    object.SetCurrentInterleave(cursor.U8());
+    object.SetMaximumMemoryModuleSize(cursor.U8());
+    object.SetSupportedSpeeds(cursor.U16());
+    object.SetSupportedMemoryTypes(cursor.U16());
+    object.SetMemoryModuleVoltage(cursor.U8());
+    object.SetNumberOfAssociatedSlots(cursor.U8());
+    std::array<std::uint16_t, 0xFF> handles{};
+    const std::uint8_t count = object.GetNumberOfAssociatedSlots();
+    for (std::uint16_t& handle : std::span(handles).first(count)) {
+      handle = cursor.U16();
+    }
+    object.SetMemoryModuleHandles(handles.data(), count);
+    object.SetEnabledErrorCorrectingCapabilities(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

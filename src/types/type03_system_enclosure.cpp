@@ -1,7 +1,5 @@
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/code_text.h"
@@ -127,22 +125,20 @@ std::string SMType3Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType3(TableCursor& cursor) {
-  auto object = std::make_unique<SMType3Obj>();
-  ReadHeader(*object, cursor);
-  object->SetManufacturer(cursor.U8());
-  object->SetChassisType(cursor.U8());
-  object->SetVersion(cursor.U8());
-  object->SetSerialNumber(cursor.U8());
-  object->SetAssetTag(cursor.U8());
-  object->SetBootupState(cursor.U8());
-  object->SetPowerSupplyState(cursor.U8());
-  object->SetThermalState(cursor.U8());
-  object->SetSecurityStatus(cursor.U8());
-  if (GetSpecVersion() >= kSmbios23) {
-    object->SetOemDefined(cursor.U32());
-  }
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType3Obj>(cursor, [&](auto& object) {
+    object.SetManufacturer(cursor.U8());
+    object.SetChassisType(cursor.U8());
+    object.SetVersion(cursor.U8());
+    object.SetSerialNumber(cursor.U8());
+    object.SetAssetTag(cursor.U8());
+    object.SetBootupState(cursor.U8());
+    object.SetPowerSupplyState(cursor.U8());
+    object.SetThermalState(cursor.U8());
+    object.SetSecurityStatus(cursor.U8());
+    if (GetSpecVersion() >= kSmbios23) {
+      object.SetOemDefined(cursor.U32());
+    }
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/mif_row.h"
@@ -176,28 +173,25 @@ std::string SMType7Obj::ToString() const {
 
 std::string SMType7Obj::GetMifTableRow(int& rowIndex) const {
   // The table counts levels from 3, its code of a primary cache.
-  return MifRow({TakeRowIndex(rowIndex), GetStoredLevel() + 3U, CacheSpeed,
-                 KilobytesOf(InstalledSize), GetOperationalMode().WritePolicy, ErrorCorrectionType,
-                 0U, 0U, SystemCacheType});
+  return MifRow({rowIndex++, GetStoredLevel() + 3U, CacheSpeed, KilobytesOf(InstalledSize),
+                 GetOperationalMode().WritePolicy, ErrorCorrectionType, 0U, 0U, SystemCacheType});
 }
 
 }  // namespace
 
 void SMBiosReader::ReadType7(TableCursor& cursor) {
-  auto object = std::make_unique<SMType7Obj>();
-  ReadHeader(*object, cursor);
-  object->SetSocketDesignation(cursor.U8());
-  object->SetCacheConfiguration(cursor.U16());
-  object->SetMaximumCacheSize(cursor.U16());
-  object->SetInstalledSize(cursor.U16());
-  object->SetSupportedSramType(cursor.U16());
-  object->SetCurrentSramType(cursor.U16());
-  object->SetCacheSpeed(cursor.U8());
-  object->SetErrorCorrectionType(cursor.U8());
-  object->SetSystemCacheType(cursor.U8());
-  object->SetAssociativity(cursor.U8());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType7Obj>(cursor, [&](auto& object) {
+    object.SetSocketDesignation(cursor.U8());
+    object.SetCacheConfiguration(cursor.U16());
+    object.SetMaximumCacheSize(cursor.U16());
+    object.SetInstalledSize(cursor.U16());
+    object.SetSupportedSramType(cursor.U16());
+    object.SetCurrentSramType(cursor.U16());
+    object.SetCacheSpeed(cursor.U8());
+    object.SetErrorCorrectionType(cursor.U8());
+    object.SetSystemCacheType(cursor.U8());
+    object.SetAssociativity(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

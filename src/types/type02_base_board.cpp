@@ -1,7 +1,5 @@
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/smbios_reader.h"
@@ -51,14 +49,12 @@ std::string SMType2Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType2(TableCursor& cursor) {
-  auto object = std::make_unique<SMType2Obj>();
-  ReadHeader(*object, cursor);
-  object->SetManufacturer(cursor.U8());
-  object->SetProduct(cursor.U8());
-  object->SetVersion(cursor.U8());
-  object->SetSerialNumber(cursor.U8());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType2Obj>(cursor, [&](auto& object) {
+    object.SetManufacturer(cursor.U8());
+    object.SetProduct(cursor.U8());
+    object.SetVersion(cursor.U8());
+    object.SetSerialNumber(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

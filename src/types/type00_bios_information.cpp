@@ -1,6 +1,7 @@
-#include "types/type0_bios_information.h"
+#include "types/type00_bios_information.h"
 
-#include <memory>
+#include <algorithm>
+#include <cstddef>
 #include <span>
 #include <utility>
 
@@ -11,9 +12,6 @@
 namespace kestrel {
 
 namespace {
-
-// The formatted area without extension bytes.
-constexpr std::uint8_t kFixedLength = 0x12;
 
 struct FeatureBit {
   std::uint8_t Bit;
@@ -104,26 +102,24 @@ void SMType0Obj::SetExtensionBytes(std::vector<std::uint8_t> bytes) {
 }
 
 void SMBiosReader::ReadType0(TableCursor& cursor) {
-  auto object = std::make_unique<SMType0Obj>();
-  ReadHeader(*object, cursor);
-  if (object->GetLength() < kFixedLength) {
-    // Zero padding after a string set reads as such a structure.
+  // Zero padding after a string set reads as a shorter structure.
+  if (cursor.Peek() < kShortestBiosInformation) {
     return;
   }
-  object->SetVendor(cursor.U8());
-  object->SetBiosVersion(cursor.U8());
-  object->SetBiosStartingAddressSegment(cursor.U16());
-  object->SetBiosReleaseDate(cursor.U8());
-  object->SetBiosRomSize(cursor.U8());
-  const std::uint32_t low = cursor.U32();
-  const std::uint32_t high = cursor.U32();
-  object->SetBiosCharacteristics(low, high);
-  object->SetExtensionByteCount(object->GetLength() - kFixedLength);
-  std::vector<std::uint8_t> extension(object->GetExtensionByteCount());
-  cursor.Bytes(extension);
-  object->SetExtensionBytes(std::move(extension));
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType0Obj>(cursor, [&](auto& object) {
+    object.SetVendor(cursor.U8());
+    object.SetBiosVersion(cursor.U8());
+    object.SetBiosStartingAddressSegment(cursor.U16());
+    object.SetBiosReleaseDate(cursor.U8());
+    object.SetBiosRomSize(cursor.U8());
+    const std::uint32_t low = cursor.U32();
+    const std::uint32_t high = cursor.U32();
+    object.SetBiosCharacteristics(low, high);
+    object.SetExtensionByteCount(object.GetLength() - kShortestBiosInformation);
+    std::vector<std::uint8_t> extension(object.GetExtensionByteCount());
+    cursor.Bytes(extension);
+    object.SetExtensionBytes(std::move(extension));
+  });
 }
 
 const SMType0Obj* SMBiosReader::GetType0Obj() const {
@@ -156,10 +152,11 @@ std::string SMType0Obj::GetBiosCharacteristicsText() const {
     }
   };
   appendFeatures(kBiosCharacteristics, BiosCharacteristics[0]);
-  if (ExtensionByteCount > 0) {
+  const auto count = std::min<std::size_t>(ExtensionByteCount, ExtensionBytes.size());
+  if (count > 0) {
     appendFeatures(kExtensionByte1, ExtensionBytes[0]);
   }
-  if (ExtensionByteCount > 1) {
+  if (count > 1) {
     appendFeatures(kExtensionByte2, ExtensionBytes[1]);
   }
   return text;

@@ -1,9 +1,7 @@
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "base/table_cursor.h"
 #include "model/code_text.h"
@@ -37,11 +35,11 @@ constexpr CodeText kProcessorFamilies[] = {
     {0x0D, "Pentium II processor"},
     {0x0E, "Pentium processor with MMX\x99 technology"},
     {0x0F, "Celeron processor"},
-    {0x10, "PentiumII Xeon processor"},  // No blank: intended.
+    {0x10, "PentiumII Xeon processor"},  // No blank.
     {0x11, "Reserved for specific Pentium\xAE processor versions"},
     {0x12, "M1 Family"},
     {0x13, "M2 Family"},
-    {0x14, kNothing},  // Not "Unknown": intended, here and at 28h.
+    {0x14, kNothing},  // Not "Unknown", here and at 28h.
     {0x15, kNothing},
     {0x16, kNothing},
     {0x17, kNothing},
@@ -50,7 +48,7 @@ constexpr CodeText kProcessorFamilies[] = {
     {0x1A, "K6 Family"},
     {0x1B, "K6-2"},
     {0x1C, "K6-3"},
-    {0x1D, "AMD Athlon. Processor Family"},  // Full stop: intended.
+    {0x1D, "AMD Athlon. Processor Family"},  // Full stop.
     {0x1E, "AMD2900 Family"},
     {0x1F, "K6-2+"},
     {0x20, "Power PC Family"},
@@ -69,7 +67,7 @@ constexpr CodeText kProcessorFamilies[] = {
     {0x2D, kNothing},
     {0x2E, kNothing},
     {0x2F, kNothing},
-    {0x30, "Alpha Family3"},  // The digit: intended.
+    {0x30, "Alpha Family3"},  // The digit.
     {0x31, "Alpha 21064"},
     {0x32, "Alpha 21066"},
     {0x33, "Alpha 21164"},
@@ -99,7 +97,7 @@ constexpr CodeText kProcessorFamilies[] = {
     {0x64, "68020"},
     {0x65, "68030"},
     {0x70, "Hobbit Family"},
-    {0x78, "Crusoe. TM5000 Family"},  // Full stops: intended.
+    {0x78, "Crusoe. TM5000 Family"},  // Full stops.
     {0x79, "Crusoe. TM3000 Family"},
     {0x80, "Weitek"},
     {0x82, "Itanium processor"},
@@ -111,7 +109,7 @@ constexpr CodeText kProcessorFamilies[] = {
     {0x95, "PA-RISC 7100LC"},
     {0x96, "PA-RISC 7100"},
     {0xA0, "V30 Family"},
-    {0xB0, "PentiumIII Xeon processor"},  // No blanks up to B2h: intended.
+    {0xB0, "PentiumIII Xeon processor"},  // No blanks up to B2h.
     {0xB1, "PentiumIII Processor with Intel SpeedStep Technology"},
     {0xB2, "Pentium4 Processor"},
     {0xB3, "Intel Xeon"},
@@ -228,7 +226,7 @@ class SMType4Obj final : public SMObj {
     return {"Current Speed : ", Decimal(CurrentSpeed), " MHz"};
   }
   ItemText GetStatusText() const {
-    // No blank after the comma: intended.
+    // No blank after the comma.
     return {"Status : CPU Socket ",
             (Status & kSocketPopulated) != 0 ? "Populated," : "Unpopulated,",
             TextOfCode(kCpuStatuses, GetCpuStatus(), kUnknown)};
@@ -305,33 +303,31 @@ std::string SMType4Obj::GetMifTableRow(int& /*rowIndex*/) const {
 }  // namespace
 
 void SMBiosReader::ReadType4(TableCursor& cursor) {
-  auto object = std::make_unique<SMType4Obj>();
-  ReadHeader(*object, cursor);
-  object->SetSocketDesignation(cursor.U8());
-  object->SetProcessorType(cursor.U8());
-  object->SetProcessorFamily(cursor.U8());
-  object->SetProcessorManufacturer(cursor.U8());
-  std::array<std::uint8_t, 8> processorId{};
-  cursor.Bytes(processorId);
-  object->SetProcessorId(processorId);
-  object->SetProcessorVersion(cursor.U8());
-  object->SetVoltage(cursor.U8());
-  object->SetExternalClock(cursor.U16());
-  object->SetMaxSpeed(cursor.U16());
-  object->SetCurrentSpeed(cursor.U16());
-  object->SetStatus(cursor.U8());
-  object->SetProcessorUpgrade(cursor.U8());
-  object->SetL1CacheHandle(cursor.U16());
-  object->SetL2CacheHandle(cursor.U16());
-  object->SetL3CacheHandle(cursor.U16());
-  if (GetSpecVersion() >= kSmbios23) {
-    object->SetStringCount(6);
-    object->SetSerialNumber(cursor.U8());
-    object->SetAssetTag(cursor.U8());
-    object->SetPartNumber(cursor.U8());
-  }
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType4Obj>(cursor, [&](auto& object) {
+    object.SetSocketDesignation(cursor.U8());
+    object.SetProcessorType(cursor.U8());
+    object.SetProcessorFamily(cursor.U8());
+    object.SetProcessorManufacturer(cursor.U8());
+    std::array<std::uint8_t, 8> processorId{};
+    cursor.Bytes(processorId);
+    object.SetProcessorId(processorId);
+    object.SetProcessorVersion(cursor.U8());
+    object.SetVoltage(cursor.U8());
+    object.SetExternalClock(cursor.U16());
+    object.SetMaxSpeed(cursor.U16());
+    object.SetCurrentSpeed(cursor.U16());
+    object.SetStatus(cursor.U8());
+    object.SetProcessorUpgrade(cursor.U8());
+    object.SetL1CacheHandle(cursor.U16());
+    object.SetL2CacheHandle(cursor.U16());
+    object.SetL3CacheHandle(cursor.U16());
+    if (GetSpecVersion() >= kSmbios23) {
+      object.SetStringCount(6);
+      object.SetSerialNumber(cursor.U8());
+      object.SetAssetTag(cursor.U8());
+      object.SetPartNumber(cursor.U8());
+    }
+  });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/smbios_reader.h"
@@ -116,17 +113,15 @@ std::string SMType6Obj::ToString() const {
 }  // namespace
 
 void SMBiosReader::ReadType6(TableCursor& cursor) {
-  auto object = std::make_unique<SMType6Obj>();
-  ReadHeader(*object, cursor);
-  object->SetSocketDesignation(cursor.U8());
-  object->SetBankConnections(cursor.U8());
-  object->SetCurrentSpeed(cursor.U8());
-  object->SetCurrentMemoryType(cursor.U16());
-  object->SetInstalledSize(cursor.U8());
-  object->SetEnabledSize(cursor.U8());
-  object->SetErrorStatus(cursor.U8());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType6Obj>(cursor, [&](auto& object) {
+    object.SetSocketDesignation(cursor.U8());
+    object.SetBankConnections(cursor.U8());
+    object.SetCurrentSpeed(cursor.U8());
+    object.SetCurrentMemoryType(cursor.U16());
+    object.SetInstalledSize(cursor.U8());
+    object.SetEnabledSize(cursor.U8());
+    object.SetErrorStatus(cursor.U8());
+  });
 }
 
 }  // namespace kestrel

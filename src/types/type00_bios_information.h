@@ -11,6 +11,9 @@
 
 namespace kestrel {
 
+// The formatted area without extension bytes. A shorter structure has no object.
+inline constexpr std::uint8_t kShortestBiosInformation = 0x12;
+
 // BIOS Information: who made the BIOS, where it lies, and what it supports. Layout: DMTF DSP0134,
 // "BIOS Information (Type 0) structure".
 class SMType0Obj final : public SMObj {
@@ -25,6 +28,7 @@ class SMType0Obj final : public SMObj {
   void SetBiosCharacteristics(std::uint32_t low, std::uint32_t high) {
     BiosCharacteristics = {low, high};
   }
+  // How many of the extension bytes count; no more than there are.
   void SetExtensionByteCount(std::uint8_t value) { ExtensionByteCount = value; }
   std::uint8_t GetExtensionByteCount() const { return ExtensionByteCount; }
   void SetExtensionBytes(std::vector<std::uint8_t> bytes);

@@ -1,6 +1,3 @@
-#include <memory>
-#include <utility>
-
 #include "base/table_cursor.h"
 #include "model/code_text.h"
 #include "model/mif_row.h"
@@ -100,7 +97,7 @@ class SMType9Obj final : public SMObj {
   }
   ItemText GetSlotIdText() const { return {"Slot ID : ", Hex(SlotId, 4), "h"}; }
   ItemText GetSlotCharacteristics1Text() const {
-    // The texts of the characteristics run into each other: intended.
+    // The texts of the characteristics run into each other.
     return {"Slot Characteristics 1 : ",
             TextOfBits(kSlotCharacteristics, SlotCharacteristics1, "")};
   }
@@ -134,26 +131,23 @@ std::string SMType9Obj::ToString() const {
 
 std::string SMType9Obj::GetMifTableRow(int& rowIndex) const {
   // The type is the stored code, not the bit field that consoles are told of, and the description
-  // stays empty: intended.
-  return MifRow(
-      {TakeRowIndex(rowIndex), SlotType, SlotDataBusWidth, CurrentUsage, kEmptyMifString});
+  // stays empty.
+  return MifRow({rowIndex++, SlotType, SlotDataBusWidth, CurrentUsage, kEmptyMifString});
 }
 
 }  // namespace
 
 void SMBiosReader::ReadType9(TableCursor& cursor) {
-  auto object = std::make_unique<SMType9Obj>();
-  ReadHeader(*object, cursor);
-  object->SetSlotDesignation(cursor.U8());
-  object->SetSlotType(cursor.U8());
-  object->SetSlotDataBusWidth(cursor.U8());
-  object->SetCurrentUsage(cursor.U8());
-  object->SetSlotLength(cursor.U8());
-  object->SetSlotId(cursor.U16());
-  object->SetSlotCharacteristics1(cursor.U8());
-  object->SetSlotCharacteristics2(cursor.U8());
-  CollectStrings(*object, cursor);
-  AppendObject(std::move(object));
+  ReadStructure<SMType9Obj>(cursor, [&](auto& object) {
+    object.SetSlotDesignation(cursor.U8());
+    object.SetSlotType(cursor.U8());
+    object.SetSlotDataBusWidth(cursor.U8());
+    object.SetCurrentUsage(cursor.U8());
+    object.SetSlotLength(cursor.U8());
+    object.SetSlotId(cursor.U16());
+    object.SetSlotCharacteristics1(cursor.U8());
+    object.SetSlotCharacteristics2(cursor.U8());
+  });
 }
 
 }  // namespace kestrel
