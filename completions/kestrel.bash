@@ -8,6 +8,12 @@ _kestrel_files() {
 
 _kestrel() {
   local current=$2 previous=$3 command='' words='' word
+  # Where readline splits --image=FILE, the sign is a word by itself.
+  if [[ ${COMP_WORDS[COMP_CWORD]} == '=' ]]; then
+    current=''
+  elif [[ $previous == '=' ]]; then
+    previous=${COMP_WORDS[COMP_CWORD - 2]}
+  fi
   for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
     case $word in
       report | mif | json | bios | list | check | save)

@@ -10,6 +10,6 @@ sources() {
 
 case $1 in
   format) { sources '*.h'; sources '*.c'; sources '*.cpp'; } | xargs -0 clang-format --dry-run --Werror ;;
-  tidy) cmake/lint.py "$2" ;;
-  shell) { printf '%s\0' run test completions/kestrel.bash .ci/run cmake/build-preset cmake/require-packages; sources '*.sh'; } | xargs -0 shellcheck -x -P tests ;;
+  tidy) scripts/lint.py "$2" ;;
+  shell) { printf '%s\0' run test completions/kestrel.bash .ci/run scripts/build-preset scripts/require-packages scripts/runs-32-bit-programs; sources '*.sh'; } | xargs -0 shellcheck -x -P tests ;;
 esac

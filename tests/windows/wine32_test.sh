@@ -6,6 +6,9 @@ set -eu
 cd "$(dirname "$0")/../.."
 debian=${1:-build/i386}
 
+scripts/runs-32-bit-programs || { echo "skipped: this kernel runs no 32-bit programs"; exit 77; }
+scripts/require-packages g++-multilib g++-mingw-w64 cmake ninja-build libcli11-dev nlohmann-json3-dev \
+  debootstrap
 if [ ! -e "$debian/usr/lib/wine/wineserver32" ]; then
   debootstrap --arch=i386 --variant=minbase bookworm "$debian"
   chroot "$debian" apt-get update
@@ -13,7 +16,7 @@ if [ ! -e "$debian/usr/lib/wine/wineserver32" ]; then
     apt-get install -y --no-install-recommends wine32 python3 libstdc++6
 fi
 
-cmake --preset linux32
+cmake --preset linux32 -DKESTREL_BUILD_TESTS=OFF
 cmake --build --preset linux32 --target kestrel_tool
 cmake --preset mingw32 -DKESTREL_BUILD_TESTS=ON
 cmake --build --preset mingw32 --target kestrel_windows_files
