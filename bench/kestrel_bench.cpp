@@ -20,7 +20,7 @@
 #include <utility>
 #include <vector>
 
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 #include "firmware/entry_point.h"
 #include "firmware/table_firmware.h"
 #include "model/smbios_reader.h"

@@ -9,8 +9,8 @@
 
 #include "base/entry_point_layout.h"
 #include "base/table_cursor.h"
-#include "catalog/table_faults.h"
-#include "catalog/table_scan.h"
+#include "catalog/faults.h"
+#include "catalog/structure_scan.h"
 #include "firmware/entry_point.h"
 #include "firmware/entry_point_search.h"
 #include "firmware/image.h"

@@ -1,6 +1,6 @@
 // Connectors, slots, devices on the board and pointing devices.
 
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
@@ -97,11 +97,11 @@ constexpr Code kPorts[] = {
 };
 
 constexpr Field kPortConnectorInformation[] = {
-    String(0x04, "internal_reference_designator"),
-    CodeOf(0x05, 1, "internal_connector_type", kConnectors),
-    String(0x06, "external_reference_designator"),
-    CodeOf(0x07, 1, "external_connector_type", kConnectors),
-    CodeOf(0x08, 1, "port_type", kPorts),
+    StringField(0x04, "internal_reference_designator"),
+    CodeField(0x05, 1, "internal_connector_type", kConnectors),
+    StringField(0x06, "external_reference_designator"),
+    CodeField(0x07, 1, "external_connector_type", kConnectors),
+    CodeField(0x08, 1, "port_type", kPorts),
 };
 constexpr LeastLength kPortConnectorInformationLengths[] = {{2, 0, 0x09}};
 
@@ -243,32 +243,32 @@ constexpr Part kDeviceFunction[] = {
 };
 
 constexpr Field kPeerGroup[] = {
-    Number(0x00, 2, "segment_group_number"),
-    Number(0x02, 1, "bus_number"),
-    PartsOf(0x03, 1, "device_function_number", kDeviceFunction),
-    Number(0x04, 1, "data_bus_width"),
+    NumberField(0x00, 2, "segment_group_number"),
+    NumberField(0x02, 1, "bus_number"),
+    PartsField(0x03, 1, "device_function_number", kDeviceFunction),
+    NumberField(0x04, 1, "data_bus_width"),
 };
 constexpr List kPeerGroups = {.SizeOrOffset = 5, .Fields = kPeerGroup};
 
 constexpr Field kSystemSlots[] = {
-    String(0x04, "slot_designation"),
-    CodeOf(0x05, 1, "slot_type", kSlotTypes),
-    CodeOf(0x06, 1, "slot_data_bus_width", kSlotWidths),
-    CodeOf(0x07, 1, "current_usage", kSlotUsages),
-    CodeOf(0x08, 1, "slot_length", kSlotLengths),
-    Number(0x09, 2, "slot_id"),
-    BitsOf(0x0B, 1, "slot_characteristics_1", kSlotCharacteristics1),
-    BitsOf(0x0C, 1, "slot_characteristics_2", kSlotCharacteristics2),
-    Number(0x0D, 2, "segment_group_number"),
-    Number(0x0F, 1, "bus_number"),
-    PartsOf(0x10, 1, "device_function_number", kDeviceFunction),
-    Number(0x11, 1, "data_bus_width"),
-    Number(0x12, 1, "peer_grouping_count"),
-    ListOf(0x13, "peer_groups", kPeerGroups),
-    Number(kFollows, 1, "slot_information"),
-    CodeOf(kFollows, 1, "slot_physical_width", kSlotWidths),
-    Number(kFollows, 2, "slot_pitch"),
-    CodeOf(kFollows, 1, "slot_height", kSlotHeights),
+    StringField(0x04, "slot_designation"),
+    CodeField(0x05, 1, "slot_type", kSlotTypes),
+    CodeField(0x06, 1, "slot_data_bus_width", kSlotWidths),
+    CodeField(0x07, 1, "current_usage", kSlotUsages),
+    CodeField(0x08, 1, "slot_length", kSlotLengths),
+    NumberField(0x09, 2, "slot_id"),
+    BitsField(0x0B, 1, "slot_characteristics_1", kSlotCharacteristics1),
+    BitsField(0x0C, 1, "slot_characteristics_2", kSlotCharacteristics2),
+    NumberField(0x0D, 2, "segment_group_number"),
+    NumberField(0x0F, 1, "bus_number"),
+    PartsField(0x10, 1, "device_function_number", kDeviceFunction),
+    NumberField(0x11, 1, "data_bus_width"),
+    NumberField(0x12, 1, "peer_grouping_count"),
+    ListField(0x13, "peer_groups", kPeerGroups),
+    NumberField(kFollows, 1, "slot_information"),
+    CodeField(kFollows, 1, "slot_physical_width", kSlotWidths),
+    NumberField(kFollows, 2, "slot_pitch"),
+    CodeField(kFollows, 1, "slot_height", kSlotHeights),
 };
 constexpr LeastLength kSystemSlotsLengths[] = {
     {2, 0, 0x0C}, {2, 1, 0x0D}, {2, 6, 0x11}, {3, 2, 0x13}, {3, 4, 0x14}, {3, 5, 0x18},
@@ -288,14 +288,14 @@ constexpr Part kOnBoardDeviceType[] = {
 };
 
 constexpr Field kOnBoardDevice[] = {
-    PartsOf(0x00, 1, "device_type", kOnBoardDeviceType),
-    String(0x01, "description_string"),
+    PartsField(0x00, 1, "device_type", kOnBoardDeviceType),
+    StringField(0x01, "description_string"),
 };
 constexpr List kOnBoardDevices = {
     .CountRule = List::Count::ToTheEnd, .SizeOrOffset = 2, .Fields = kOnBoardDevice};
 
 constexpr Field kOnBoardDevicesInformation[] = {
-    ListOf(0x04, "devices", kOnBoardDevices),
+    ListField(0x04, "devices", kOnBoardDevices),
 };
 constexpr LeastLength kOnBoardDevicesInformationLengths[] = {{2, 0, 0x06}};
 
@@ -324,9 +324,9 @@ constexpr Code kPointingDeviceInterfaces[] = {
 };
 
 constexpr Field kBuiltInPointingDevice[] = {
-    CodeOf(0x04, 1, "type", kPointingDeviceTypes),
-    CodeOf(0x05, 1, "interface", kPointingDeviceInterfaces),
-    Number(0x06, 1, "number_of_buttons"),
+    CodeField(0x04, 1, "type", kPointingDeviceTypes),
+    CodeField(0x05, 1, "interface", kPointingDeviceInterfaces),
+    NumberField(0x06, 1, "number_of_buttons"),
 };
 constexpr LeastLength kBuiltInPointingDeviceLengths[] = {{2, 1, 0x07}};
 
@@ -357,12 +357,12 @@ constexpr Part kOnboardDeviceType[] = {
 };
 
 constexpr Field kOnboardDevicesExtendedInformation[] = {
-    String(0x04, "reference_designation"),
-    PartsOf(0x05, 1, "device_type", kOnboardDeviceType),
-    Number(0x06, 1, "device_type_instance"),
-    Number(0x07, 2, "segment_group_number"),
-    Number(0x09, 1, "bus_number"),
-    PartsOf(0x0A, 1, "device_function_number", kDeviceFunction),
+    StringField(0x04, "reference_designation"),
+    PartsField(0x05, 1, "device_type", kOnboardDeviceType),
+    NumberField(0x06, 1, "device_type_instance"),
+    NumberField(0x07, 2, "segment_group_number"),
+    NumberField(0x09, 1, "bus_number"),
+    PartsField(0x0A, 1, "device_function_number", kDeviceFunction),
 };
 constexpr LeastLength kOnboardDevicesExtendedInformationLengths[] = {{2, 6, 0x0B}};
 

@@ -1,16 +1,36 @@
 #include "catalog/decoder.h"
 
 #include <cstddef>
+#include <optional>
 #include <utility>
 
 #include "base/structure_header.h"
+#include "base/table_cursor.h"
 
 namespace kestrel::catalog {
 
 namespace {
 
+// The little-endian number of `width` bytes, eight at most, at `offset`.
+std::uint64_t ReadNumber(std::span<const std::uint8_t> bytes, std::size_t offset,
+                         std::size_t width) {
+  TableCursor cursor(bytes);
+  cursor.MoveTo(offset);
+  std::uint64_t number = 0;
+  for (std::size_t index = 0; index < width; ++index) {
+    number |= std::uint64_t{cursor.U8()} << (8 * index);
+  }
+  return number;
+}
+
 std::size_t ByteAt(std::span<const std::uint8_t> bytes, std::size_t offset) {
   return static_cast<std::size_t>(ReadNumber(bytes, offset, 1));
+}
+
+// A signed number of `width` bytes as one of eight.
+std::uint64_t ExtendSign(std::uint64_t number, std::size_t width) {
+  const std::uint64_t sign = std::uint64_t{1} << (8 * width - 1);
+  return (number ^ sign) - sign;
 }
 
 // Decodes the fields of one structure, or of one entry of a list, from its first byte on.
@@ -30,6 +50,7 @@ class FieldReader {
  private:
   std::size_t Left() const { return Bytes.size() - Position; }
   std::size_t SizeOf(const Field& field) const;
+  std::optional<std::uint64_t> Convert(const ConversionRule& rule) const;
   std::size_t CountOf(const List& list) const;
   bool ReadList(const Field& field);
   std::size_t SizeOfEntry(const List& list) const;
@@ -38,18 +59,21 @@ class FieldReader {
   std::span<const std::uint8_t> Bytes;
   std::span<const std::uint8_t> Whole;
   std::size_t Position;
-  // What the field before says, for a list that it counts.
+  // The field before and its number, for a list that it counts and for quantities.
+  std::span<const std::uint8_t> BytesBefore;
   std::uint64_t NumberBefore = 0;
   DecodedFields Fields;
 };
 
 bool FieldReader::Read(std::span<const Field> fields) {
   for (const Field& field : fields) {
-    if (field.FieldKind == Kind::Derived) {
-      Fields.push_back({.Definition = &field, .Derived = Derive(*field.Derived, Bytes)});
+    if (field.Kind == FieldKind::Quantity) {
+      const auto number = Convert(field.Conversion);
+      Fields.push_back(
+          {.Definition = &field, .Number = number.value_or(0), .IsKnown = number.has_value()});
       continue;
     }
-    if (field.FieldKind == Kind::List) {
+    if (field.Kind == FieldKind::List) {
       if (!ReadList(field)) {
         return false;
       }
@@ -61,7 +85,8 @@ bool FieldReader::Read(std::span<const Field> fields) {
     }
     const auto bytes = Bytes.subspan(Position, size);
     Position += size;
-    if (field.FieldKind != Kind::Reserved) {
+    if (field.Kind != FieldKind::Reserved) {
+      BytesBefore = bytes;
       NumberBefore = size <= sizeof(std::uint64_t) ? ReadNumber(bytes, 0, size) : 0;
       Fields.push_back({.Definition = &field, .Bytes = bytes, .Number = NumberBefore});
     }
@@ -74,6 +99,24 @@ std::size_t FieldReader::SizeOf(const Field& field) const {
     return ByteAt(Bytes, field.LengthOffset);
   }
   return field.Width == kRest ? Left() : field.Width;
+}
+
+std::optional<std::uint64_t> FieldReader::Convert(const ConversionRule& rule) const {
+  if (NumberBefore == rule.Unknown) {
+    return std::nullopt;
+  }
+  if (rule.Convert == nullptr) {
+    return (rule.IsSigned ? ExtendSign(NumberBefore, BytesBefore.size()) : NumberBefore) *
+           rule.Factor;
+  }
+  OtherNumbers others;
+  for (std::size_t index = 0; index < others.size(); ++index) {
+    const NumberPlace& place = rule.Others[index];
+    if (place.Width != 0 && std::size_t{place.Offset} + place.Width <= Bytes.size()) {
+      others[index] = ReadNumber(Bytes, place.Offset, place.Width);
+    }
+  }
+  return rule.Convert(NumberBefore, others);
 }
 
 std::size_t FieldReader::CountOf(const List& list) const {

@@ -1,13 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <vector>
 
-#include "catalog/derivation.h"
-#include "catalog/structure_type.h"
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
+#include "catalog/type_definition.h"
 
 namespace kestrel::catalog {
 
@@ -17,12 +15,13 @@ using DecodedFields = std::vector<DecodedField>;
 // A field of a structure. Its views live as long as the bytes of the table.
 struct DecodedField {
   const Field* Definition = nullptr;
-  // The bytes that it takes; none for a list and for a derived field.
+  // The bytes that it takes; none for a list and for a quantity.
   std::span<const std::uint8_t> Bytes = {};
-  // The number that up to eight bytes are, whatever the kind makes of it.
+  // The number that up to eight bytes are, whatever the kind makes of it; for a quantity the number
+  // in its unit, an std::int64_t where the quantity is signed.
   std::uint64_t Number = 0;
-  // What a derived field comes to, unless that is unknown.
-  std::optional<Quantity> Derived = std::nullopt;
+  // Whether a quantity has a number: not where firmware says that it does not know.
+  bool IsKnown = true;
   // The entries of a list. An entry of a list of plain values has one field.
   std::vector<DecodedFields> Entries = {};
 };

@@ -1,7 +1,7 @@
 // The firmware: what it is, what it logs, how it boots, and what it adds to other structures.
 
 #include "base/structure_header.h"
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
@@ -73,24 +73,38 @@ constexpr Part kExtendedRomSize[] = {
     CodePart("unit", 14, 2, kExtendedRomSizeUnits),
 };
 
-constexpr Derivation kRomSize = {
-    .How = Formula::RomSize, .First = 0x09, .Second = 0x18, .FirstWidth = 1, .SecondWidth = 2};
+// In units of 64 KiB less one; FFh says that the extended size has it.
+constexpr std::optional<std::uint64_t> RomSize(std::uint64_t number, const OtherNumbers& others) {
+  const auto& extended = others[0];
+  if (number != 0xFF || !extended) {
+    return (number + 1) * 64 * kKiB;
+  }
+  const std::uint64_t size = *extended & 0x3FFFU;
+  switch (*extended >> 14) {
+    case 0:
+      return size * kMiB;
+    case 1:
+      return size * kGiB;
+    default:
+      return std::nullopt;
+  }
+}
 
 constexpr Field kBiosInformation[] = {
-    String(0x04, "vendor"),
-    String(0x05, "bios_version"),
-    Number(0x06, 2, "bios_starting_address_segment"),
-    String(0x08, "bios_release_date"),
-    Number(0x09, 1, "bios_rom_size"),
-    DerivedAs("rom_size_bytes", kRomSize),
-    BitsOf(0x0A, 8, "bios_characteristics", kBiosCharacteristics),
-    BitsOf(0x12, 1, "bios_characteristics_extension_byte_1", kBiosCharacteristicsExtension1),
-    BitsOf(0x13, 1, "bios_characteristics_extension_byte_2", kBiosCharacteristicsExtension2),
-    Number(0x14, 1, "system_bios_major_release"),
-    Number(0x15, 1, "system_bios_minor_release"),
-    Number(0x16, 1, "embedded_controller_firmware_major_release"),
-    Number(0x17, 1, "embedded_controller_firmware_minor_release"),
-    PartsOf(0x18, 2, "extended_bios_rom_size", kExtendedRomSize),
+    StringField(0x04, "vendor"),
+    StringField(0x05, "bios_version"),
+    NumberField(0x06, 2, "bios_starting_address_segment"),
+    StringField(0x08, "bios_release_date"),
+    NumberField(0x09, 1, "bios_rom_size"),
+    QuantityField("rom_size_bytes", {.Convert = RomSize, .Others = {{0x18, 2}}}),
+    BitsField(0x0A, 8, "bios_characteristics", kBiosCharacteristics),
+    BitsField(0x12, 1, "bios_characteristics_extension_byte_1", kBiosCharacteristicsExtension1),
+    BitsField(0x13, 1, "bios_characteristics_extension_byte_2", kBiosCharacteristicsExtension2),
+    NumberField(0x14, 1, "system_bios_major_release"),
+    NumberField(0x15, 1, "system_bios_minor_release"),
+    NumberField(0x16, 1, "embedded_controller_firmware_major_release"),
+    NumberField(0x17, 1, "embedded_controller_firmware_minor_release"),
+    PartsField(0x18, 2, "extended_bios_rom_size", kExtendedRomSize),
 };
 constexpr LeastLength kBiosInformationLengths[] = {
     {2, 0, 0x12}, {2, 1, 0x13}, {2, 3, 0x14}, {2, 4, 0x18}, {3, 1, 0x1A},
@@ -101,10 +115,10 @@ constexpr LeastLength kBiosInformationLengths[] = {
 constexpr Bit kLanguageFlags[] = {{0, "Current Language strings use the abbreviated format"}};
 
 constexpr Field kBiosLanguageInformation[] = {
-    Number(0x04, 1, "installable_languages"),
-    BitsOf(0x05, 1, "flags", kLanguageFlags),
-    Reserved(0x06, 15),
-    String(0x15, "current_language"),
+    NumberField(0x04, 1, "installable_languages"),
+    BitsField(0x05, 1, "flags", kLanguageFlags),
+    ReservedField(0x06, 15),
+    StringField(0x15, "current_language"),
 };
 constexpr LeastLength kBiosLanguageInformationLengths[] = {{2, 0, 0x16}};
 
@@ -161,8 +175,8 @@ constexpr Code kLogDataFormats[] = {
 };
 
 constexpr Field kLogTypeDescriptor[] = {
-    CodeOf(0x00, 1, "log_type", kLogTypes),
-    CodeOf(0x01, 1, "variable_data_format_type", kLogDataFormats),
+    CodeField(0x00, 1, "log_type", kLogTypes),
+    CodeField(0x01, 1, "variable_data_format_type", kLogDataFormats),
 };
 constexpr List kLogTypeDescriptors = {.CountRule = List::Count::FromField,
                                       .CountOffset = 0x15,
@@ -171,25 +185,28 @@ constexpr List kLogTypeDescriptors = {.CountRule = List::Count::FromField,
                                       .Fields = kLogTypeDescriptor};
 
 constexpr Field kSystemEventLog[] = {
-    Number(0x04, 2, "log_area_length"),
-    Number(0x06, 2, "log_header_start_offset"),
-    Number(0x08, 2, "log_data_start_offset"),
-    CodeOf(0x0A, 1, "access_method", kLogAccessMethods),
-    BitsOf(0x0B, 1, "log_status", kLogStatuses),
-    Number(0x0C, 4, "log_change_token"),
-    Number(0x10, 4, "access_method_address"),
-    CodeOf(0x14, 1, "log_header_format", kLogHeaderFormats),
-    Number(0x15, 1, "number_of_supported_log_type_descriptors"),
-    Number(0x16, 1, "length_of_each_log_type_descriptor"),
-    ListOf(0x17, "list_of_supported_event_log_type_descriptors", kLogTypeDescriptors),
+    NumberField(0x04, 2, "log_area_length"),
+    NumberField(0x06, 2, "log_header_start_offset"),
+    NumberField(0x08, 2, "log_data_start_offset"),
+    CodeField(0x0A, 1, "access_method", kLogAccessMethods),
+    BitsField(0x0B, 1, "log_status", kLogStatuses),
+    NumberField(0x0C, 4, "log_change_token"),
+    NumberField(0x10, 4, "access_method_address"),
+    CodeField(0x14, 1, "log_header_format", kLogHeaderFormats),
+    NumberField(0x15, 1, "number_of_supported_log_type_descriptors"),
+    NumberField(0x16, 1, "length_of_each_log_type_descriptor"),
+    ListField(0x17, "list_of_supported_event_log_type_descriptors", kLogTypeDescriptors),
 };
 constexpr LeastLength kSystemEventLogLengths[] = {{2, 0, 0x14}, {2, 1, 0x17}};
 
 // Boot Integrity Services (BIS) Entry Point (Type 31)
 
 constexpr Field kBootIntegrityServices[] = {
-    Number(0x04, 1, "checksum"),     Reserved(0x05, 3),  Number(0x08, 4, "bis_entry_16"),
-    Number(0x0C, 4, "bis_entry_32"), Reserved(0x10, 12),
+    NumberField(0x04, 1, "checksum"),
+    ReservedField(0x05, 3),
+    NumberField(0x08, 4, "bis_entry_16"),
+    NumberField(0x0C, 4, "bis_entry_32"),
+    ReservedField(0x10, 12),
 };
 constexpr LeastLength kBootIntegrityServicesLengths[] = {{2, 3, 0x1C}};
 
@@ -208,25 +225,25 @@ constexpr Code kBootStatuses[] = {
 };
 
 constexpr Field kSystemBootInformation[] = {
-    Reserved(0x04, 6),
-    CodeOf(0x0A, 1, "boot_status", kBootStatuses),
-    Binary(0x0B, kRest, "boot_status_data"),
+    ReservedField(0x04, 6),
+    CodeField(0x0A, 1, "boot_status", kBootStatuses),
+    BytesField(0x0B, kRest, "boot_status_data"),
 };
 constexpr LeastLength kSystemBootInformationLengths[] = {{2, 3, 0x0B}};
 
 // Additional Information (Type 40)
 
 constexpr Field kAdditionalInformationEntry[] = {
-    Number(0x00, 1, "entry_length"),      Handle(0x01, "referenced_handle"),
-    Number(0x03, 1, "referenced_offset"), String(0x04, "string"),
-    Binary(0x05, kRest, "value"),
+    NumberField(0x00, 1, "entry_length"),      HandleField(0x01, "referenced_handle"),
+    NumberField(0x03, 1, "referenced_offset"), StringField(0x04, "string"),
+    BytesField(0x05, kRest, "value"),
 };
 constexpr List kAdditionalInformationEntries = {.SizeRule = List::Size::FirstByte,
                                                 .Fields = kAdditionalInformationEntry};
 
 constexpr Field kAdditionalInformation[] = {
-    Number(0x04, 1, "number_of_additional_information_entries"),
-    ListOf(0x05, "additional_information_entries", kAdditionalInformationEntries),
+    NumberField(0x04, 1, "number_of_additional_information_entries"),
+    ListField(0x05, "additional_information_entries", kAdditionalInformationEntries),
 };
 constexpr LeastLength kAdditionalInformationLengths[] = {{2, 6, 0x0B}};
 
@@ -253,30 +270,24 @@ constexpr Code kFirmwareStates[] = {
     {0x07, "StandbySpare"}, {0x08, "UnavailableOffline"},
 };
 
-constexpr Derivation kImageSize = {.How = Formula::Scaled,
-                                   .First = 0x0C,
-                                   .FirstWidth = 8,
-                                   .Unknown = 0xFFFFFFFFFFFFFFFF,
-                                   .HasUnknown = true};
-
-constexpr Field kAssociatedComponent[] = {Handle(0x00, "")};
+constexpr Field kAssociatedComponent[] = {HandleField(0x00, "")};
 constexpr List kAssociatedComponents = {.SizeOrOffset = 2, .Fields = kAssociatedComponent};
 
 constexpr Field kFirmwareInventoryInformation[] = {
-    String(0x04, "firmware_component_name"),
-    String(0x05, "firmware_version"),
-    CodeOf(0x06, 1, "firmware_version_format", kFirmwareVersionFormats),
-    String(0x07, "firmware_id"),
-    CodeOf(0x08, 1, "firmware_id_format", kFirmwareIdFormats),
-    String(0x09, "release_date"),
-    String(0x0A, "manufacturer"),
-    String(0x0B, "lowest_supported_firmware_version"),
-    Number(0x0C, 8, "image_size"),
-    DerivedAs("image_size_bytes", kImageSize),
-    BitsOf(0x14, 2, "characteristics", kFirmwareCharacteristics),
-    CodeOf(0x16, 1, "state", kFirmwareStates),
-    Number(0x17, 1, "number_of_associated_components"),
-    ListOf(0x18, "associated_component_handles", kAssociatedComponents),
+    StringField(0x04, "firmware_component_name"),
+    StringField(0x05, "firmware_version"),
+    CodeField(0x06, 1, "firmware_version_format", kFirmwareVersionFormats),
+    StringField(0x07, "firmware_id"),
+    CodeField(0x08, 1, "firmware_id_format", kFirmwareIdFormats),
+    StringField(0x09, "release_date"),
+    StringField(0x0A, "manufacturer"),
+    StringField(0x0B, "lowest_supported_firmware_version"),
+    NumberField(0x0C, 8, "image_size"),
+    QuantityField("image_size_bytes", {.Unknown = 0xFFFFFFFFFFFFFFFF}),
+    BitsField(0x14, 2, "characteristics", kFirmwareCharacteristics),
+    CodeField(0x16, 1, "state", kFirmwareStates),
+    NumberField(0x17, 1, "number_of_associated_components"),
+    ListField(0x18, "associated_component_handles", kAssociatedComponents),
 };
 constexpr LeastLength kFirmwareInventoryInformationLengths[] = {{3, 5, 0x18}};
 
@@ -285,9 +296,9 @@ constexpr LeastLength kFirmwareInventoryInformationLengths[] = {{3, 5, 0x18}};
 constexpr Code kStringProperties[] = {{0x0001, "UEFI device path"}};
 
 constexpr Field kStringProperty[] = {
-    CodeOf(0x04, 2, "string_property_id", kStringProperties),
-    String(0x06, "string_property_value"),
-    Handle(0x07, "parent_handle"),
+    CodeField(0x04, 2, "string_property_id", kStringProperties),
+    StringField(0x06, "string_property_value"),
+    HandleField(0x07, "parent_handle"),
 };
 constexpr LeastLength kStringPropertyLengths[] = {{3, 5, 0x09}};
 

@@ -1,6 +1,6 @@
 // Management devices, controllers and security processors.
 
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
@@ -30,10 +30,10 @@ constexpr Code kAddressTypes[] = {
 };
 
 constexpr Field kManagementDevice[] = {
-    String(0x04, "description"),
-    CodeOf(0x05, 1, "type", kManagementDeviceTypes),
-    Number(0x06, 4, "address"),
-    CodeOf(0x0A, 1, "address_type", kAddressTypes),
+    StringField(0x04, "description"),
+    CodeField(0x05, 1, "type", kManagementDeviceTypes),
+    NumberField(0x06, 4, "address"),
+    CodeField(0x0A, 1, "address_type", kAddressTypes),
 };
 constexpr LeastLength kManagementDeviceLengths[] = {{2, 3, 0x0B}};
 
@@ -44,22 +44,22 @@ constexpr std::uint8_t kComponents[] = {26, 27, 28, 29};
 constexpr std::uint8_t kThresholds[] = {36};
 
 constexpr Field kManagementDeviceComponent[] = {
-    String(0x04, "description"),
-    Handle(0x05, "management_device_handle", kManagementDevices),
-    Handle(0x07, "component_handle", kComponents),
-    Handle(0x09, "threshold_handle", kThresholds),
+    StringField(0x04, "description"),
+    HandleField(0x05, "management_device_handle", kManagementDevices),
+    HandleField(0x07, "component_handle", kComponents),
+    HandleField(0x09, "threshold_handle", kThresholds),
 };
 constexpr LeastLength kManagementDeviceComponentLengths[] = {{2, 3, 0x0B}};
 
 // Management Device Threshold Data (Type 36)
 
 constexpr Field kManagementDeviceThresholdData[] = {
-    Number(0x04, 2, "lower_threshold_non_critical"),
-    Number(0x06, 2, "upper_threshold_non_critical"),
-    Number(0x08, 2, "lower_threshold_critical"),
-    Number(0x0A, 2, "upper_threshold_critical"),
-    Number(0x0C, 2, "lower_threshold_non_recoverable"),
-    Number(0x0E, 2, "upper_threshold_non_recoverable"),
+    NumberField(0x04, 2, "lower_threshold_non_critical"),
+    NumberField(0x06, 2, "upper_threshold_non_critical"),
+    NumberField(0x08, 2, "lower_threshold_critical"),
+    NumberField(0x0A, 2, "upper_threshold_critical"),
+    NumberField(0x0C, 2, "lower_threshold_non_recoverable"),
+    NumberField(0x0E, 2, "upper_threshold_non_recoverable"),
 };
 constexpr LeastLength kManagementDeviceThresholdDataLengths[] = {{2, 3, 0x10}};
 
@@ -94,13 +94,13 @@ constexpr Part kBaseAddressModifier[] = {
 };
 
 constexpr Field kIpmiDeviceInformation[] = {
-    CodeOf(0x04, 1, "interface_type", kBmcInterfaceTypes),
-    PartsOf(0x05, 1, "ipmi_specification_revision", kIpmiRevision),
-    Number(0x06, 1, "i2c_target_address"),
-    Number(0x07, 1, "nv_storage_device_address"),
-    Number(0x08, 8, "base_address"),
-    PartsOf(0x10, 1, "base_address_modifier_interrupt_info", kBaseAddressModifier),
-    Number(0x11, 1, "interrupt_number"),
+    CodeField(0x04, 1, "interface_type", kBmcInterfaceTypes),
+    PartsField(0x05, 1, "ipmi_specification_revision", kIpmiRevision),
+    NumberField(0x06, 1, "i2c_target_address"),
+    NumberField(0x07, 1, "nv_storage_device_address"),
+    NumberField(0x08, 8, "base_address"),
+    PartsField(0x10, 1, "base_address_modifier_interrupt_info", kBaseAddressModifier),
+    NumberField(0x11, 1, "interrupt_number"),
 };
 constexpr LeastLength kIpmiDeviceInformationLengths[] = {{2, 3, 0x10}};
 
@@ -126,9 +126,9 @@ constexpr Code kHostInterfaceProtocols[] = {
 };
 
 constexpr Field kProtocolRecord[] = {
-    CodeOf(0x00, 1, "protocol_type", kHostInterfaceProtocols),
-    Number(0x01, 1, "protocol_type_specific_data_length"),
-    BytesOfLength(0x02, "protocol_type_specific_data", 0x01),
+    CodeField(0x00, 1, "protocol_type", kHostInterfaceProtocols),
+    NumberField(0x01, 1, "protocol_type_specific_data_length"),
+    CountedBytesField(0x02, "protocol_type_specific_data", 0x01),
 };
 
 constexpr List kProtocolRecords = {
@@ -138,11 +138,11 @@ constexpr List kProtocolRecords = {
 };
 
 constexpr Field kManagementControllerHostInterface[] = {
-    CodeOf(0x04, 1, "interface_type", kHostInterfaceTypes),
-    Number(0x05, 1, "interface_type_specific_data_length"),
-    BytesOfLength(0x06, "interface_type_specific_data", 0x05),
-    Number(kFollows, 1, "number_of_protocol_records"),
-    ListOf(kFollows, "protocol_records", kProtocolRecords),
+    CodeField(0x04, 1, "interface_type", kHostInterfaceTypes),
+    NumberField(0x05, 1, "interface_type_specific_data_length"),
+    CountedBytesField(0x06, "interface_type_specific_data", 0x05),
+    NumberField(kFollows, 1, "number_of_protocol_records"),
+    ListField(kFollows, "protocol_records", kProtocolRecords),
 };
 constexpr LeastLength kManagementControllerHostInterfaceLengths[] = {{2, 7, 0x05}, {3, 2, 0x07}};
 
@@ -156,14 +156,14 @@ constexpr Bit kTpmCharacteristics[] = {
 };
 
 constexpr Field kTpmDevice[] = {
-    Characters(0x04, 4, "vendor_id"),
-    Number(0x08, 1, "major_spec_version"),
-    Number(0x09, 1, "minor_spec_version"),
-    Number(0x0A, 4, "firmware_version_1"),
-    Number(0x0E, 4, "firmware_version_2"),
-    String(0x12, "description"),
-    BitsOf(0x13, 8, "characteristics", kTpmCharacteristics),
-    Number(0x1B, 4, "oem_defined"),
+    CharactersField(0x04, 4, "vendor_id"),
+    NumberField(0x08, 1, "major_spec_version"),
+    NumberField(0x09, 1, "minor_spec_version"),
+    NumberField(0x0A, 4, "firmware_version_1"),
+    NumberField(0x0E, 4, "firmware_version_2"),
+    StringField(0x12, "description"),
+    BitsField(0x13, 8, "characteristics", kTpmCharacteristics),
+    NumberField(0x1B, 4, "oem_defined"),
 };
 constexpr LeastLength kTpmDeviceLengths[] = {{3, 1, 0x1F}};
 

@@ -1,6 +1,6 @@
 // Memory: controllers and modules of old, arrays, devices, their addresses, channels and errors.
 
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
@@ -52,25 +52,29 @@ constexpr Bit kModuleTypes[] = {
 
 constexpr Bit kModuleVoltages[] = {{0, "5V"}, {1, "3.3V"}, {2, "2.9V"}};
 
-constexpr Derivation kMaximumModuleSize = {
-    .How = Formula::MaximumModuleSize, .First = 0x08, .FirstWidth = 1};
+// The exponent of a size in MiB.
+constexpr std::optional<std::uint64_t> PowerOfMiB(std::uint64_t number,
+                                                  const OtherNumbers& /*others*/) {
+  constexpr std::uint64_t kLargestExponent = 43;
+  return number <= kLargestExponent ? std::optional(kMiB << number) : std::nullopt;
+}
 
-constexpr Field kModuleHandle[] = {Handle(0x00, "", kMemoryModules)};
+constexpr Field kModuleHandle[] = {HandleField(0x00, "", kMemoryModules)};
 constexpr List kModuleHandles = {.SizeOrOffset = 2, .Fields = kModuleHandle};
 
 constexpr Field kMemoryControllerInformation[] = {
-    CodeOf(0x04, 1, "error_detecting_method", kErrorDetectingMethods),
-    BitsOf(0x05, 1, "error_correcting_capability", kErrorCorrectingCapabilities),
-    CodeOf(0x06, 1, "supported_interleave", kInterleaves),
-    CodeOf(0x07, 1, "current_interleave", kInterleaves),
-    Number(0x08, 1, "maximum_memory_module_size"),
-    DerivedAs("maximum_memory_module_size_bytes", kMaximumModuleSize),
-    BitsOf(0x09, 2, "supported_speeds", kModuleSpeeds),
-    BitsOf(0x0B, 2, "supported_memory_types", kModuleTypes),
-    BitsOf(0x0D, 1, "memory_module_voltage", kModuleVoltages),
-    Number(0x0E, 1, "number_of_associated_memory_slots"),
-    ListOf(0x0F, "memory_module_configuration_handles", kModuleHandles),
-    BitsOf(kFollows, 1, "enabled_error_correcting_capabilities", kErrorCorrectingCapabilities),
+    CodeField(0x04, 1, "error_detecting_method", kErrorDetectingMethods),
+    BitsField(0x05, 1, "error_correcting_capability", kErrorCorrectingCapabilities),
+    CodeField(0x06, 1, "supported_interleave", kInterleaves),
+    CodeField(0x07, 1, "current_interleave", kInterleaves),
+    NumberField(0x08, 1, "maximum_memory_module_size"),
+    QuantityField("maximum_memory_module_size_bytes", {.Convert = PowerOfMiB}),
+    BitsField(0x09, 2, "supported_speeds", kModuleSpeeds),
+    BitsField(0x0B, 2, "supported_memory_types", kModuleTypes),
+    BitsField(0x0D, 1, "memory_module_voltage", kModuleVoltages),
+    NumberField(0x0E, 1, "number_of_associated_memory_slots"),
+    ListField(0x0F, "memory_module_configuration_handles", kModuleHandles),
+    BitsField(kFollows, 1, "enabled_error_correcting_capabilities", kErrorCorrectingCapabilities),
 };
 constexpr LeastLength kMemoryControllerInformationLengths[] = {{2, 0, 0x0F}, {2, 1, 0x10}};
 
@@ -90,24 +94,31 @@ constexpr Bit kModuleErrors[] = {
     {2, "Error status is to be obtained from the event log"},
 };
 
-constexpr Derivation kModuleCurrentSpeed = {
-    .How = Formula::Scaled, .First = 0x06, .FirstWidth = 1, .Unknown = 0, .HasUnknown = true};
-constexpr Derivation kInstalledSize = {
-    .How = Formula::MemoryModuleSize, .First = 0x09, .FirstWidth = 1};
-constexpr Derivation kEnabledSize = {
-    .How = Formula::MemoryModuleSize, .First = 0x0A, .FirstWidth = 1};
+// The same in bits 6:0, and three values for sizes that are none.
+constexpr std::optional<std::uint64_t> ModuleSize(std::uint64_t number,
+                                                  const OtherNumbers& others) {
+  switch (number & 0x7FU) {
+    case 0x7D:
+      return std::nullopt;
+    case 0x7E:
+    case 0x7F:
+      return 0;
+    default:
+      return PowerOfMiB(number & 0x7FU, others);
+  }
+}
 
 constexpr Field kMemoryModuleInformation[] = {
-    String(0x04, "socket_designation"),
-    PartsOf(0x05, 1, "bank_connections", kBankConnections),
-    Number(0x06, 1, "current_speed"),
-    DerivedAs("current_speed_nanoseconds", kModuleCurrentSpeed),
-    BitsOf(0x07, 2, "current_memory_type", kModuleTypes),
-    PartsOf(0x09, 1, "installed_size", kModuleSize),
-    DerivedAs("installed_size_bytes", kInstalledSize),
-    PartsOf(0x0A, 1, "enabled_size", kModuleSize),
-    DerivedAs("enabled_size_bytes", kEnabledSize),
-    BitsOf(0x0B, 1, "error_status", kModuleErrors),
+    StringField(0x04, "socket_designation"),
+    PartsField(0x05, 1, "bank_connections", kBankConnections),
+    NumberField(0x06, 1, "current_speed"),
+    QuantityField("current_speed_nanoseconds", {.Unknown = 0}),
+    BitsField(0x07, 2, "current_memory_type", kModuleTypes),
+    PartsField(0x09, 1, "installed_size", kModuleSize),
+    QuantityField("installed_size_bytes", {.Convert = ModuleSize}),
+    PartsField(0x0A, 1, "enabled_size", kModuleSize),
+    QuantityField("enabled_size_bytes", {.Convert = ModuleSize}),
+    BitsField(0x0B, 1, "error_status", kModuleErrors),
 };
 constexpr LeastLength kMemoryModuleInformationLengths[] = {{2, 0, 0x0C}};
 
@@ -142,25 +153,21 @@ constexpr Code kArrayErrorCorrections[] = {
     {0x05, "Single-bit ECC"}, {0x06, "Multi-bit ECC"}, {0x07, "CRC"},
 };
 
-constexpr Derivation kMaximumCapacity = {.How = Formula::ScaledOrExtended,
-                                         .First = 0x07,
-                                         .Second = 0x0F,
-                                         .FirstWidth = 4,
-                                         .SecondWidth = 8,
-                                         .Factor = 1024,
-                                         .SecondFactor = 1,
-                                         .Unknown = 0x80000000,
-                                         .HasUnknown = true};
+// In KiB; 80000000h says that the extended capacity has it in bytes.
+constexpr std::optional<std::uint64_t> MaximumCapacity(std::uint64_t number,
+                                                       const OtherNumbers& others) {
+  return number == 0x80000000 ? others[0] : number * kKiB;
+}
 
 constexpr Field kPhysicalMemoryArray[] = {
-    CodeOf(0x04, 1, "location", kArrayLocations),
-    CodeOf(0x05, 1, "use", kArrayUses),
-    CodeOf(0x06, 1, "memory_error_correction", kArrayErrorCorrections),
-    Number(0x07, 4, "maximum_capacity"),
-    DerivedAs("maximum_capacity_bytes", kMaximumCapacity),
-    Handle(0x0B, "memory_error_information_handle", kErrors),
-    Number(0x0D, 2, "number_of_memory_devices"),
-    Number(0x0F, 8, "extended_maximum_capacity"),
+    CodeField(0x04, 1, "location", kArrayLocations),
+    CodeField(0x05, 1, "use", kArrayUses),
+    CodeField(0x06, 1, "memory_error_correction", kArrayErrorCorrections),
+    NumberField(0x07, 4, "maximum_capacity"),
+    QuantityField("maximum_capacity_bytes", {.Convert = MaximumCapacity, .Others = {{0x0F, 8}}}),
+    HandleField(0x0B, "memory_error_information_handle", kErrors),
+    NumberField(0x0D, 2, "number_of_memory_devices"),
+    NumberField(0x0F, 8, "extended_maximum_capacity"),
 };
 constexpr LeastLength kPhysicalMemoryArrayLengths[] = {{2, 1, 0x0F}, {2, 7, 0x17}};
 
@@ -251,103 +258,80 @@ constexpr Bit kOperatingModes[] = {
     {5, "Block-accessible persistent memory"},
 };
 
-constexpr Derivation kDeviceSize = {
-    .How = Formula::MemoryDeviceSize, .First = 0x0C, .Second = 0x1C};
-
-// A width of which FFFFh says that it is not known.
-constexpr Derivation WidthAt(std::uint8_t offset) {
-  return {.How = Formula::Scaled, .First = offset, .Unknown = 0xFFFF, .HasUnknown = true};
+// In MiB or KiB by bit 15; 7FFFh says that the extended size has it in MiB.
+constexpr std::optional<std::uint64_t> DeviceSize(std::uint64_t number,
+                                                  const OtherNumbers& others) {
+  if (number == 0x7FFF && others[0]) {
+    return (*others[0] & 0x7FFFFFFFU) * kMiB;
+  }
+  return (number & 0x7FFFU) * ((number & 0x8000U) != 0 ? kKiB : kMiB);
 }
-constexpr Derivation kTotalWidth = WidthAt(0x08);
-constexpr Derivation kDataWidth = WidthAt(0x0A);
 
-// Megatransfers per second; 0 where it is not known.
-constexpr Derivation SpeedAt(std::uint8_t offset, std::uint8_t extendedOffset) {
-  return {.How = Formula::ScaledOrExtended,
-          .First = offset,
-          .Second = extendedOffset,
-          .Factor = 1,
-          .SecondFactor = 1,
-          .Unknown = 0xFFFF,
-          .HasUnknown = true,
-          .ZeroIsUnknown = true};
+// In megatransfers per second; FFFFh says that the extended speed has it, 0 stands for unknown.
+constexpr std::optional<std::uint64_t> DeviceSpeed(std::uint64_t number,
+                                                   const OtherNumbers& others) {
+  const std::uint64_t speed = number == 0xFFFF ? others[0].value_or(0) : number;
+  return speed != 0 ? std::optional(speed) : std::nullopt;
 }
-constexpr Derivation kSpeed = SpeedAt(0x15, 0x54);
-constexpr Derivation kConfiguredSpeed = SpeedAt(0x20, 0x58);
 
-// Millivolts; 0 where it is not known.
-constexpr Derivation VoltageAt(std::uint8_t offset) {
-  return {.How = Formula::Scaled, .First = offset, .Unknown = 0, .HasUnknown = true};
-}
-constexpr Derivation kMinimumVoltage = VoltageAt(0x22);
-constexpr Derivation kMaximumVoltage = VoltageAt(0x24);
-constexpr Derivation kConfiguredVoltage = VoltageAt(0x26);
-
-// Bytes, of which all ones say that the size is not known.
-constexpr Derivation SizeAt(std::uint8_t offset) {
-  return {.How = Formula::Scaled,
-          .First = offset,
-          .FirstWidth = 8,
-          .Unknown = 0xFFFFFFFFFFFFFFFF,
-          .HasUnknown = true};
-}
-constexpr Derivation kNonVolatileSize = SizeAt(0x34);
-constexpr Derivation kVolatileSize = SizeAt(0x3C);
-constexpr Derivation kDeviceCacheSize = SizeAt(0x44);
-constexpr Derivation kLogicalSize = SizeAt(0x4C);
+constexpr ConversionRule kBits = {.Unknown = 0xFFFF};
+constexpr ConversionRule kMillivolts = {.Unknown = 0};
+constexpr ConversionRule kBytes = {.Unknown = 0xFFFFFFFFFFFFFFFF};
 
 constexpr Field kMemoryDevice[] = {
-    Handle(0x04, "physical_memory_array_handle", kArrays),
-    Handle(0x06, "memory_error_information_handle", kErrors),
-    Number(0x08, 2, "total_width"),
-    DerivedAs("total_width_bits", kTotalWidth),
-    Number(0x0A, 2, "data_width"),
-    DerivedAs("data_width_bits", kDataWidth),
-    Number(0x0C, 2, "size"),
-    DerivedAs("size_bytes", kDeviceSize),
-    CodeOf(0x0E, 1, "form_factor", kFormFactors),
-    Number(0x0F, 1, "device_set"),
-    String(0x10, "device_locator"),
-    String(0x11, "bank_locator"),
-    CodeOf(0x12, 1, "memory_type", kDeviceTypes),
-    BitsOf(0x13, 2, "type_detail", kTypeDetails),
-    Number(0x15, 2, "speed"),
-    DerivedAs("speed_megatransfers_per_second", kSpeed),
-    String(0x17, "manufacturer"),
-    String(0x18, "serial_number"),
-    String(0x19, "asset_tag"),
-    String(0x1A, "part_number"),
-    PartsOf(0x1B, 1, "attributes", kDeviceAttributes),
-    Number(0x1C, 4, "extended_size"),
-    Number(0x20, 2, "configured_memory_speed"),
-    DerivedAs("configured_memory_speed_megatransfers_per_second", kConfiguredSpeed),
-    Number(0x22, 2, "minimum_voltage"),
-    DerivedAs("minimum_voltage_millivolts", kMinimumVoltage),
-    Number(0x24, 2, "maximum_voltage"),
-    DerivedAs("maximum_voltage_millivolts", kMaximumVoltage),
-    Number(0x26, 2, "configured_voltage"),
-    DerivedAs("configured_voltage_millivolts", kConfiguredVoltage),
-    CodeOf(0x28, 1, "memory_technology", kTechnologies),
-    BitsOf(0x29, 2, "memory_operating_mode_capability", kOperatingModes),
-    String(0x2B, "firmware_version"),
-    Number(0x2C, 2, "module_manufacturer_id"),
-    Number(0x2E, 2, "module_product_id"),
-    Number(0x30, 2, "memory_subsystem_controller_manufacturer_id"),
-    Number(0x32, 2, "memory_subsystem_controller_product_id"),
-    Number(0x34, 8, "non_volatile_size"),
-    DerivedAs("non_volatile_size_bytes", kNonVolatileSize),
-    Number(0x3C, 8, "volatile_size"),
-    DerivedAs("volatile_size_bytes", kVolatileSize),
-    Number(0x44, 8, "cache_size"),
-    DerivedAs("cache_size_bytes", kDeviceCacheSize),
-    Number(0x4C, 8, "logical_size"),
-    DerivedAs("logical_size_bytes", kLogicalSize),
-    Number(0x54, 4, "extended_speed"),
-    Number(0x58, 4, "extended_configured_memory_speed"),
-    Number(0x5C, 2, "pmic0_manufacturer_id"),
-    Number(0x5E, 2, "pmic0_revision_number"),
-    Number(0x60, 2, "rcd_manufacturer_id"),
-    Number(0x62, 2, "rcd_revision_number"),
+    HandleField(0x04, "physical_memory_array_handle", kArrays),
+    HandleField(0x06, "memory_error_information_handle", kErrors),
+    NumberField(0x08, 2, "total_width"),
+    QuantityField("total_width_bits", kBits),
+    NumberField(0x0A, 2, "data_width"),
+    QuantityField("data_width_bits", kBits),
+    NumberField(0x0C, 2, "size"),
+    QuantityField("size_bytes", {.Unknown = 0xFFFF, .Convert = DeviceSize, .Others = {{0x1C, 4}}}),
+    CodeField(0x0E, 1, "form_factor", kFormFactors),
+    NumberField(0x0F, 1, "device_set"),
+    StringField(0x10, "device_locator"),
+    StringField(0x11, "bank_locator"),
+    CodeField(0x12, 1, "memory_type", kDeviceTypes),
+    BitsField(0x13, 2, "type_detail", kTypeDetails),
+    NumberField(0x15, 2, "speed"),
+    QuantityField("speed_megatransfers_per_second",
+                  {.Convert = DeviceSpeed, .Others = {{0x54, 4}}}),
+    StringField(0x17, "manufacturer"),
+    StringField(0x18, "serial_number"),
+    StringField(0x19, "asset_tag"),
+    StringField(0x1A, "part_number"),
+    PartsField(0x1B, 1, "attributes", kDeviceAttributes),
+    NumberField(0x1C, 4, "extended_size"),
+    NumberField(0x20, 2, "configured_memory_speed"),
+    QuantityField("configured_memory_speed_megatransfers_per_second",
+                  {.Convert = DeviceSpeed, .Others = {{0x58, 4}}}),
+    NumberField(0x22, 2, "minimum_voltage"),
+    QuantityField("minimum_voltage_millivolts", kMillivolts),
+    NumberField(0x24, 2, "maximum_voltage"),
+    QuantityField("maximum_voltage_millivolts", kMillivolts),
+    NumberField(0x26, 2, "configured_voltage"),
+    QuantityField("configured_voltage_millivolts", kMillivolts),
+    CodeField(0x28, 1, "memory_technology", kTechnologies),
+    BitsField(0x29, 2, "memory_operating_mode_capability", kOperatingModes),
+    StringField(0x2B, "firmware_version"),
+    NumberField(0x2C, 2, "module_manufacturer_id"),
+    NumberField(0x2E, 2, "module_product_id"),
+    NumberField(0x30, 2, "memory_subsystem_controller_manufacturer_id"),
+    NumberField(0x32, 2, "memory_subsystem_controller_product_id"),
+    NumberField(0x34, 8, "non_volatile_size"),
+    QuantityField("non_volatile_size_bytes", kBytes),
+    NumberField(0x3C, 8, "volatile_size"),
+    QuantityField("volatile_size_bytes", kBytes),
+    NumberField(0x44, 8, "cache_size"),
+    QuantityField("cache_size_bytes", kBytes),
+    NumberField(0x4C, 8, "logical_size"),
+    QuantityField("logical_size_bytes", kBytes),
+    NumberField(0x54, 4, "extended_speed"),
+    NumberField(0x58, 4, "extended_configured_memory_speed"),
+    NumberField(0x5C, 2, "pmic0_manufacturer_id"),
+    NumberField(0x5E, 2, "pmic0_revision_number"),
+    NumberField(0x60, 2, "rcd_manufacturer_id"),
+    NumberField(0x62, 2, "rcd_revision_number"),
 };
 constexpr LeastLength kMemoryDeviceLengths[] = {
     {2, 1, 0x15}, {2, 3, 0x1B}, {2, 6, 0x1C}, {2, 7, 0x22},
@@ -385,63 +369,64 @@ constexpr Code kErrorOperations[] = {
 };
 
 constexpr Field kMemoryError32Bit[] = {
-    CodeOf(0x04, 1, "error_type", kErrorTypes),
-    CodeOf(0x05, 1, "error_granularity", kErrorGranularities),
-    CodeOf(0x06, 1, "error_operation", kErrorOperations),
-    Number(0x07, 4, "vendor_syndrome"),
-    Number(0x0B, 4, "memory_array_error_address"),
-    Number(0x0F, 4, "device_error_address"),
-    Number(0x13, 4, "error_resolution"),
+    CodeField(0x04, 1, "error_type", kErrorTypes),
+    CodeField(0x05, 1, "error_granularity", kErrorGranularities),
+    CodeField(0x06, 1, "error_operation", kErrorOperations),
+    NumberField(0x07, 4, "vendor_syndrome"),
+    NumberField(0x0B, 4, "memory_array_error_address"),
+    NumberField(0x0F, 4, "device_error_address"),
+    NumberField(0x13, 4, "error_resolution"),
 };
 constexpr LeastLength kMemoryError32BitLengths[] = {{2, 1, 0x17}};
 
 constexpr Field kMemoryError64Bit[] = {
-    CodeOf(0x04, 1, "error_type", kErrorTypes),
-    CodeOf(0x05, 1, "error_granularity", kErrorGranularities),
-    CodeOf(0x06, 1, "error_operation", kErrorOperations),
-    Number(0x07, 4, "vendor_syndrome"),
-    Number(0x0B, 8, "memory_array_error_address"),
-    Number(0x13, 8, "device_error_address"),
-    Number(0x1B, 4, "error_resolution"),
+    CodeField(0x04, 1, "error_type", kErrorTypes),
+    CodeField(0x05, 1, "error_granularity", kErrorGranularities),
+    CodeField(0x06, 1, "error_operation", kErrorOperations),
+    NumberField(0x07, 4, "vendor_syndrome"),
+    NumberField(0x0B, 8, "memory_array_error_address"),
+    NumberField(0x13, 8, "device_error_address"),
+    NumberField(0x1B, 4, "error_resolution"),
 };
 constexpr LeastLength kMemoryError64BitLengths[] = {{2, 3, 0x1F}};
 
 // Memory Array Mapped Address and Memory Device Mapped Address (Types 19 and 20)
 
-constexpr Derivation RangeEdgeAt(Formula formula, std::uint8_t offset,
-                                 std::uint8_t extendedOffset) {
-  return {
-      .How = formula, .First = offset, .Second = extendedOffset, .FirstWidth = 4, .SecondWidth = 8};
+// In KiB; FFFFFFFFh says that the extended address has it in bytes.
+constexpr std::optional<std::uint64_t> RangeStart(std::uint64_t number,
+                                                  const OtherNumbers& others) {
+  return number == 0xFFFFFFFF && others[0] ? others[0] : number * kKiB;
 }
-constexpr Derivation kArrayStart = RangeEdgeAt(Formula::RangeStart, 0x04, 0x0F);
-constexpr Derivation kArrayEnd = RangeEdgeAt(Formula::RangeEnd, 0x08, 0x17);
-constexpr Derivation kDeviceStart = RangeEdgeAt(Formula::RangeStart, 0x04, 0x13);
-constexpr Derivation kDeviceEnd = RangeEdgeAt(Formula::RangeEnd, 0x08, 0x1B);
+
+// The same for the last KiB of the range, of which the last byte is meant.
+constexpr std::optional<std::uint64_t> RangeEnd(std::uint64_t number, const OtherNumbers& others) {
+  return number == 0xFFFFFFFF && others[0] ? others[0] : number * kKiB + (kKiB - 1);
+}
 
 constexpr Field kMemoryArrayMappedAddress[] = {
-    Number(0x04, 4, "starting_address"),
-    DerivedAs("starting_address_bytes", kArrayStart),
-    Number(0x08, 4, "ending_address"),
-    DerivedAs("ending_address_bytes", kArrayEnd),
-    Handle(0x0C, "memory_array_handle", kArrays),
-    Number(0x0E, 1, "partition_width"),
-    Number(0x0F, 8, "extended_starting_address"),
-    Number(0x17, 8, "extended_ending_address"),
+    NumberField(0x04, 4, "starting_address"),
+    QuantityField("starting_address_bytes", {.Convert = RangeStart, .Others = {{0x0F, 8}}}),
+    NumberField(0x08, 4, "ending_address"),
+    QuantityField("ending_address_bytes", {.Convert = RangeEnd, .Others = {{0x17, 8}}}),
+    HandleField(0x0C, "memory_array_handle", kArrays),
+    NumberField(0x0E, 1, "partition_width"),
+    NumberField(0x0F, 8, "extended_starting_address"),
+    NumberField(0x17, 8, "extended_ending_address"),
 };
 constexpr LeastLength kMemoryArrayMappedAddressLengths[] = {{2, 1, 0x0F}, {2, 7, 0x1F}};
 
 constexpr Field kMemoryDeviceMappedAddress[] = {
-    Number(0x04, 4, "starting_address"),
-    DerivedAs("starting_address_bytes", kDeviceStart),
-    Number(0x08, 4, "ending_address"),
-    DerivedAs("ending_address_bytes", kDeviceEnd),
-    Handle(0x0C, "memory_device_handle", kDevices),
-    Handle(0x0E, "memory_array_mapped_address_handle", kArrayAddresses),
-    Number(0x10, 1, "partition_row_position"),
-    Number(0x11, 1, "interleave_position"),
-    Number(0x12, 1, "interleaved_data_depth"),
-    Number(0x13, 8, "extended_starting_address"),
-    Number(0x1B, 8, "extended_ending_address"),
+    NumberField(0x04, 4, "starting_address"),
+    QuantityField("starting_address_bytes", {.Convert = RangeStart, .Others = {{0x13, 8}}}),
+    NumberField(0x08, 4, "ending_address"),
+    QuantityField("ending_address_bytes", {.Convert = RangeEnd, .Others = {{0x1B, 8}}}),
+    HandleField(0x0C, "memory_device_handle", kDevices),
+    HandleField(0x0E, "memory_array_mapped_address_handle", kArrayAddresses),
+    NumberField(0x10, 1, "partition_row_position"),
+    NumberField(0x11, 1, "interleave_position"),
+    NumberField(0x12, 1, "interleaved_data_depth"),
+    NumberField(0x13, 8, "extended_starting_address"),
+    NumberField(0x1B, 8, "extended_ending_address"),
 };
 constexpr LeastLength kMemoryDeviceMappedAddressLengths[] = {{2, 1, 0x13}, {2, 7, 0x23}};
 
@@ -455,16 +440,16 @@ constexpr Code kChannelTypes[] = {
 };
 
 constexpr Field kChannelDevice[] = {
-    Number(0x00, 1, "load"),
-    Handle(0x01, "handle", kChannelDevices),
+    NumberField(0x00, 1, "load"),
+    HandleField(0x01, "handle", kChannelDevices),
 };
 constexpr List kChannelDeviceList = {.SizeOrOffset = 3, .Fields = kChannelDevice};
 
 constexpr Field kMemoryChannel[] = {
-    CodeOf(0x04, 1, "channel_type", kChannelTypes),
-    Number(0x05, 1, "maximum_channel_load"),
-    Number(0x06, 1, "memory_device_count"),
-    ListOf(0x07, "memory_devices", kChannelDeviceList),
+    CodeField(0x04, 1, "channel_type", kChannelTypes),
+    NumberField(0x05, 1, "maximum_channel_load"),
+    NumberField(0x06, 1, "memory_device_count"),
+    ListField(0x07, "memory_devices", kChannelDeviceList),
 };
 constexpr LeastLength kMemoryChannelLengths[] = {{2, 3, 0x07}};
 

@@ -1,6 +1,6 @@
 // Batteries, power supplies, probes and cooling.
 
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
@@ -13,15 +13,10 @@ constexpr std::uint8_t kCurrentProbes[] = {29};
 constexpr std::uint8_t kCoolingDevices[] = {27};
 
 // What firmware stores for a reading that it does not know.
-constexpr std::uint32_t kUnknownReading = 0x8000;
+constexpr std::uint64_t kUnknownReading = 0x8000;
 
-// A signed 16-bit reading in other units than those that are shown.
-constexpr Derivation Reading(std::uint8_t offset, std::int32_t factor = 1) {
-  return {.How = Formula::ScaledSigned,
-          .First = offset,
-          .Factor = factor,
-          .Unknown = kUnknownReading,
-          .HasUnknown = true};
+constexpr ConversionRule Reading(std::uint32_t factor) {
+  return {.Factor = factor, .IsSigned = true, .Unknown = kUnknownReading};
 }
 
 // Portable Battery (Type 22)
@@ -43,41 +38,42 @@ constexpr Part kBatteryManufactureDate[] = {
     NumberPart("years_since_1980", 9, 7),
 };
 
-constexpr Derivation kDesignCapacity = {
-    .How = Formula::BatteryCapacity, .First = 0x0A, .Second = 0x15, .SecondWidth = 1};
-
-constexpr Derivation kDesignVoltage = {
-    .How = Formula::Scaled, .First = 0x0C, .Unknown = 0, .HasUnknown = true};
+// In units of the multiplier, which came later.
+constexpr std::optional<std::uint64_t> DesignCapacity(std::uint64_t number,
+                                                      const OtherNumbers& others) {
+  return number * others[0].value_or(1);
+}
 
 constexpr Field kPortableBattery[] = {
-    String(0x04, "location"),
-    String(0x05, "manufacturer"),
-    String(0x06, "manufacture_date"),
-    String(0x07, "serial_number"),
-    String(0x08, "device_name"),
-    CodeOf(0x09, 1, "device_chemistry", kBatteryChemistries),
-    Number(0x0A, 2, "design_capacity"),
-    DerivedAs("design_capacity_milliwatt_hours", kDesignCapacity),
-    Number(0x0C, 2, "design_voltage"),
-    DerivedAs("design_voltage_millivolts", kDesignVoltage),
-    String(0x0E, "sbds_version_number"),
-    Number(0x0F, 1, "maximum_error_in_battery_data"),
-    Number(0x10, 2, "sbds_serial_number"),
-    PartsOf(0x12, 2, "sbds_manufacture_date", kBatteryManufactureDate),
-    String(0x14, "sbds_device_chemistry"),
-    Number(0x15, 1, "design_capacity_multiplier"),
-    Number(0x16, 4, "oem_specific"),
+    StringField(0x04, "location"),
+    StringField(0x05, "manufacturer"),
+    StringField(0x06, "manufacture_date"),
+    StringField(0x07, "serial_number"),
+    StringField(0x08, "device_name"),
+    CodeField(0x09, 1, "device_chemistry", kBatteryChemistries),
+    NumberField(0x0A, 2, "design_capacity"),
+    QuantityField("design_capacity_milliwatt_hours",
+                  {.Unknown = 0, .Convert = DesignCapacity, .Others = {{0x15, 1}}}),
+    NumberField(0x0C, 2, "design_voltage"),
+    QuantityField("design_voltage_millivolts", {.Unknown = 0}),
+    StringField(0x0E, "sbds_version_number"),
+    NumberField(0x0F, 1, "maximum_error_in_battery_data"),
+    NumberField(0x10, 2, "sbds_serial_number"),
+    PartsField(0x12, 2, "sbds_manufacture_date", kBatteryManufactureDate),
+    StringField(0x14, "sbds_device_chemistry"),
+    NumberField(0x15, 1, "design_capacity_multiplier"),
+    NumberField(0x16, 4, "oem_specific"),
 };
 constexpr LeastLength kPortableBatteryLengths[] = {{2, 1, 0x10}, {2, 2, 0x1A}};
 
 // System Power Controls (Type 25)
 
 constexpr Field kSystemPowerControls[] = {
-    Number(0x04, 1, "next_scheduled_power_on_month"),
-    Number(0x05, 1, "next_scheduled_power_on_day_of_month"),
-    Number(0x06, 1, "next_scheduled_power_on_hour"),
-    Number(0x07, 1, "next_scheduled_power_on_minute"),
-    Number(0x08, 1, "next_scheduled_power_on_second"),
+    NumberField(0x04, 1, "next_scheduled_power_on_month"),
+    NumberField(0x05, 1, "next_scheduled_power_on_day_of_month"),
+    NumberField(0x06, 1, "next_scheduled_power_on_hour"),
+    NumberField(0x07, 1, "next_scheduled_power_on_minute"),
+    NumberField(0x08, 1, "next_scheduled_power_on_second"),
 };
 constexpr LeastLength kSystemPowerControlsLengths[] = {{2, 2, 0x09}};
 
@@ -125,70 +121,61 @@ constexpr Part kTemperatureProbeLocationAndStatus[] = {
 
 // Voltages in millivolts and currents in milliamperes, resolutions in tenths of them; temperatures
 // in tenths of a degree, resolutions in thousandths; accuracies in hundredths of a percent.
-constexpr Derivation kMaximumValue = Reading(0x06);
-constexpr Derivation kMinimumValue = Reading(0x08);
-constexpr Derivation kResolution = Reading(0x0A, 100);
-constexpr Derivation kTolerance = Reading(0x0C);
-constexpr Derivation kAccuracy = Reading(0x0E, 100);
-constexpr Derivation kNominalValue = Reading(0x14);
-constexpr Derivation kMaximumTemperature = Reading(0x06, 100);
-constexpr Derivation kMinimumTemperature = Reading(0x08, 100);
-constexpr Derivation kTemperatureResolution = Reading(0x0A);
-constexpr Derivation kTemperatureTolerance = Reading(0x0C, 100);
-constexpr Derivation kNominalTemperature = Reading(0x14, 100);
+constexpr ConversionRule kReading = Reading(1);
+constexpr ConversionRule kTimesHundred = Reading(100);
 
 constexpr Field kVoltageProbe[] = {
-    String(0x04, "description"),
-    PartsOf(0x05, 1, "location_and_status", kProbeLocationAndStatus),
-    Number(0x06, 2, "maximum_value"),
-    DerivedAs("maximum_value_millivolts", kMaximumValue),
-    Number(0x08, 2, "minimum_value"),
-    DerivedAs("minimum_value_millivolts", kMinimumValue),
-    Number(0x0A, 2, "resolution"),
-    DerivedAs("resolution_microvolts", kResolution),
-    Number(0x0C, 2, "tolerance"),
-    DerivedAs("tolerance_millivolts", kTolerance),
-    Number(0x0E, 2, "accuracy"),
-    DerivedAs("accuracy_parts_per_million", kAccuracy),
-    Number(0x10, 4, "oem_defined"),
-    Number(0x14, 2, "nominal_value"),
-    DerivedAs("nominal_value_millivolts", kNominalValue),
+    StringField(0x04, "description"),
+    PartsField(0x05, 1, "location_and_status", kProbeLocationAndStatus),
+    NumberField(0x06, 2, "maximum_value"),
+    QuantityField("maximum_value_millivolts", kReading),
+    NumberField(0x08, 2, "minimum_value"),
+    QuantityField("minimum_value_millivolts", kReading),
+    NumberField(0x0A, 2, "resolution"),
+    QuantityField("resolution_microvolts", kTimesHundred),
+    NumberField(0x0C, 2, "tolerance"),
+    QuantityField("tolerance_millivolts", kReading),
+    NumberField(0x0E, 2, "accuracy"),
+    QuantityField("accuracy_parts_per_million", kTimesHundred),
+    NumberField(0x10, 4, "oem_defined"),
+    NumberField(0x14, 2, "nominal_value"),
+    QuantityField("nominal_value_millivolts", kReading),
 };
 
 constexpr Field kTemperatureProbe[] = {
-    String(0x04, "description"),
-    PartsOf(0x05, 1, "location_and_status", kTemperatureProbeLocationAndStatus),
-    Number(0x06, 2, "maximum_value"),
-    DerivedAs("maximum_value_millidegrees_celsius", kMaximumTemperature),
-    Number(0x08, 2, "minimum_value"),
-    DerivedAs("minimum_value_millidegrees_celsius", kMinimumTemperature),
-    Number(0x0A, 2, "resolution"),
-    DerivedAs("resolution_millidegrees_celsius", kTemperatureResolution),
-    Number(0x0C, 2, "tolerance"),
-    DerivedAs("tolerance_millidegrees_celsius", kTemperatureTolerance),
-    Number(0x0E, 2, "accuracy"),
-    DerivedAs("accuracy_parts_per_million", kAccuracy),
-    Number(0x10, 4, "oem_defined"),
-    Number(0x14, 2, "nominal_value"),
-    DerivedAs("nominal_value_millidegrees_celsius", kNominalTemperature),
+    StringField(0x04, "description"),
+    PartsField(0x05, 1, "location_and_status", kTemperatureProbeLocationAndStatus),
+    NumberField(0x06, 2, "maximum_value"),
+    QuantityField("maximum_value_millidegrees_celsius", kTimesHundred),
+    NumberField(0x08, 2, "minimum_value"),
+    QuantityField("minimum_value_millidegrees_celsius", kTimesHundred),
+    NumberField(0x0A, 2, "resolution"),
+    QuantityField("resolution_millidegrees_celsius", kReading),
+    NumberField(0x0C, 2, "tolerance"),
+    QuantityField("tolerance_millidegrees_celsius", kTimesHundred),
+    NumberField(0x0E, 2, "accuracy"),
+    QuantityField("accuracy_parts_per_million", kTimesHundred),
+    NumberField(0x10, 4, "oem_defined"),
+    NumberField(0x14, 2, "nominal_value"),
+    QuantityField("nominal_value_millidegrees_celsius", kTimesHundred),
 };
 
 constexpr Field kCurrentProbe[] = {
-    String(0x04, "description"),
-    PartsOf(0x05, 1, "location_and_status", kProbeLocationAndStatus),
-    Number(0x06, 2, "maximum_value"),
-    DerivedAs("maximum_value_milliamperes", kMaximumValue),
-    Number(0x08, 2, "minimum_value"),
-    DerivedAs("minimum_value_milliamperes", kMinimumValue),
-    Number(0x0A, 2, "resolution"),
-    DerivedAs("resolution_microamperes", kResolution),
-    Number(0x0C, 2, "tolerance"),
-    DerivedAs("tolerance_milliamperes", kTolerance),
-    Number(0x0E, 2, "accuracy"),
-    DerivedAs("accuracy_parts_per_million", kAccuracy),
-    Number(0x10, 4, "oem_defined"),
-    Number(0x14, 2, "nominal_value"),
-    DerivedAs("nominal_value_milliamperes", kNominalValue),
+    StringField(0x04, "description"),
+    PartsField(0x05, 1, "location_and_status", kProbeLocationAndStatus),
+    NumberField(0x06, 2, "maximum_value"),
+    QuantityField("maximum_value_milliamperes", kReading),
+    NumberField(0x08, 2, "minimum_value"),
+    QuantityField("minimum_value_milliamperes", kReading),
+    NumberField(0x0A, 2, "resolution"),
+    QuantityField("resolution_microamperes", kTimesHundred),
+    NumberField(0x0C, 2, "tolerance"),
+    QuantityField("tolerance_milliamperes", kReading),
+    NumberField(0x0E, 2, "accuracy"),
+    QuantityField("accuracy_parts_per_million", kTimesHundred),
+    NumberField(0x10, 4, "oem_defined"),
+    NumberField(0x14, 2, "nominal_value"),
+    QuantityField("nominal_value_milliamperes", kReading),
 };
 constexpr LeastLength kProbeLengths[] = {{2, 2, 0x14}};
 
@@ -213,17 +200,14 @@ constexpr Part kDeviceTypeAndStatus[] = {
     CodePart("status", 5, 3, kStatuses),
 };
 
-constexpr Derivation kNominalSpeed = {
-    .How = Formula::Scaled, .First = 0x0C, .Unknown = kUnknownReading, .HasUnknown = true};
-
 constexpr Field kCoolingDevice[] = {
-    Handle(0x04, "temperature_probe_handle", kTemperatureProbes),
-    PartsOf(0x06, 1, "device_type_and_status", kDeviceTypeAndStatus),
-    Number(0x07, 1, "cooling_unit_group"),
-    Number(0x08, 4, "oem_defined"),
-    Number(0x0C, 2, "nominal_speed"),
-    DerivedAs("nominal_speed_rpm", kNominalSpeed),
-    String(0x0E, "description"),
+    HandleField(0x04, "temperature_probe_handle", kTemperatureProbes),
+    PartsField(0x06, 1, "device_type_and_status", kDeviceTypeAndStatus),
+    NumberField(0x07, 1, "cooling_unit_group"),
+    NumberField(0x08, 4, "oem_defined"),
+    NumberField(0x0C, 2, "nominal_speed"),
+    QuantityField("nominal_speed_rpm", {.Unknown = kUnknownReading}),
+    StringField(0x0E, "description"),
 };
 constexpr LeastLength kCoolingDeviceLengths[] = {{2, 2, 0x0C}, {2, 7, 0x0F}};
 
@@ -252,24 +236,21 @@ constexpr Part kPowerSupplyCharacteristics[] = {
     CodePart("type", 10, 4, kPowerSupplyTypes),
 };
 
-constexpr Derivation kMaxPowerCapacity = {
-    .How = Formula::Scaled, .First = 0x0C, .Unknown = kUnknownReading, .HasUnknown = true};
-
 constexpr Field kSystemPowerSupply[] = {
-    Number(0x04, 1, "power_unit_group"),
-    String(0x05, "location"),
-    String(0x06, "device_name"),
-    String(0x07, "manufacturer"),
-    String(0x08, "serial_number"),
-    String(0x09, "asset_tag_number"),
-    String(0x0A, "model_part_number"),
-    String(0x0B, "revision_level"),
-    Number(0x0C, 2, "max_power_capacity"),
-    DerivedAs("max_power_capacity_watts", kMaxPowerCapacity),
-    PartsOf(0x0E, 2, "power_supply_characteristics", kPowerSupplyCharacteristics),
-    Handle(0x10, "input_voltage_probe_handle", kVoltageProbes),
-    Handle(0x12, "cooling_device_handle", kCoolingDevices),
-    Handle(0x14, "input_current_probe_handle", kCurrentProbes),
+    NumberField(0x04, 1, "power_unit_group"),
+    StringField(0x05, "location"),
+    StringField(0x06, "device_name"),
+    StringField(0x07, "manufacturer"),
+    StringField(0x08, "serial_number"),
+    StringField(0x09, "asset_tag_number"),
+    StringField(0x0A, "model_part_number"),
+    StringField(0x0B, "revision_level"),
+    NumberField(0x0C, 2, "max_power_capacity"),
+    QuantityField("max_power_capacity_watts", {.Unknown = kUnknownReading}),
+    PartsField(0x0E, 2, "power_supply_characteristics", kPowerSupplyCharacteristics),
+    HandleField(0x10, "input_voltage_probe_handle", kVoltageProbes),
+    HandleField(0x12, "cooling_device_handle", kCoolingDevices),
+    HandleField(0x14, "input_current_probe_handle", kCurrentProbes),
 };
 constexpr LeastLength kSystemPowerSupplyLengths[] = {{2, 3, 0x10}};
 

@@ -1,6 +1,6 @@
 // Processors and their caches.
 
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
@@ -369,68 +369,68 @@ constexpr Bit kProcessorCharacteristics[] = {
     {9, "Arm64 SoC ID"},
 };
 
-constexpr Derivation kProcessorVoltage = {
-    .How = Formula::ProcessorVoltage, .First = 0x11, .FirstWidth = 1};
-
-// Megahertz, of which 0 says that they are not known.
-constexpr Derivation MegahertzAt(std::uint8_t offset) {
-  return {
-      .How = Formula::Scaled, .First = offset, .Factor = 1000000, .Unknown = 0, .HasUnknown = true};
+// Tenths of a volt where bit 7 is set, else a bit for each voltage that the socket can supply.
+constexpr std::optional<std::uint64_t> ProcessorVoltage(std::uint64_t number,
+                                                        const OtherNumbers& /*others*/) {
+  if ((number & 0x80U) != 0) {
+    return (number & 0x7FU) * 100;
+  }
+  switch (number & 7U) {
+    case 1:
+      return 5000;
+    case 2:
+      return 3300;
+    case 4:
+      return 2900;
+    default:
+      return std::nullopt;
+  }
 }
-constexpr Derivation kExternalClock = MegahertzAt(0x12);
-constexpr Derivation kMaxSpeed = MegahertzAt(0x14);
-constexpr Derivation kProcessorCurrentSpeed = MegahertzAt(0x16);
 
-// A count of which FFh says that a later field has it, and 0 that it is not known.
-constexpr Derivation CountAt(std::uint8_t offset, std::uint8_t extendedOffset) {
-  return {.How = Formula::ScaledOrExtended,
-          .First = offset,
-          .Second = extendedOffset,
-          .FirstWidth = 1,
-          .SecondWidth = 2,
-          .Unknown = 0xFF,
-          .HasUnknown = true,
-          .ZeroIsUnknown = true};
+constexpr ConversionRule kMegahertz = {.Factor = 1000000, .Unknown = 0};
+
+// FFh says that a later field has the count; 0 stands for unknown in both.
+constexpr std::optional<std::uint64_t> WiderCount(std::uint64_t number,
+                                                  const OtherNumbers& others) {
+  const std::uint64_t count = number == 0xFF ? others[0].value_or(0) : number;
+  return count != 0 ? std::optional(count) : std::nullopt;
 }
-constexpr Derivation kCores = CountAt(0x23, 0x2A);
-constexpr Derivation kEnabledCores = CountAt(0x24, 0x2C);
-constexpr Derivation kThreads = CountAt(0x25, 0x2E);
 
 constexpr Field kProcessorInformation[] = {
-    String(0x04, "socket_designation"),
-    CodeOf(0x05, 1, "processor_type", kProcessorTypeCodes),
-    CodeOf(0x06, 1, "processor_family", kProcessorFamilies),
-    String(0x07, "processor_manufacturer"),
-    Binary(0x08, 8, "processor_id"),
-    String(0x10, "processor_version"),
-    Number(0x11, 1, "voltage"),
-    DerivedAs("voltage_millivolts", kProcessorVoltage),
-    Number(0x12, 2, "external_clock"),
-    DerivedAs("external_clock_hertz", kExternalClock),
-    Number(0x14, 2, "max_speed"),
-    DerivedAs("max_speed_hertz", kMaxSpeed),
-    Number(0x16, 2, "current_speed"),
-    DerivedAs("current_speed_hertz", kProcessorCurrentSpeed),
-    PartsOf(0x18, 1, "status", kProcessorStatus),
-    CodeOf(0x19, 1, "processor_upgrade", kProcessorUpgrades),
-    Handle(0x1A, "l1_cache_handle", kCaches),
-    Handle(0x1C, "l2_cache_handle", kCaches),
-    Handle(0x1E, "l3_cache_handle", kCaches),
-    String(0x20, "serial_number"),
-    String(0x21, "asset_tag"),
-    String(0x22, "part_number"),
-    Number(0x23, 1, "core_count"),
-    DerivedAs("cores", kCores),
-    Number(0x24, 1, "core_enabled"),
-    DerivedAs("enabled_cores", kEnabledCores),
-    Number(0x25, 1, "thread_count"),
-    DerivedAs("threads", kThreads),
-    BitsOf(0x26, 2, "processor_characteristics", kProcessorCharacteristics),
-    CodeOf(0x28, 2, "processor_family_2", kProcessorFamilies),
-    Number(0x2A, 2, "core_count_2"),
-    Number(0x2C, 2, "core_enabled_2"),
-    Number(0x2E, 2, "thread_count_2"),
-    Number(0x30, 2, "thread_enabled"),
+    StringField(0x04, "socket_designation"),
+    CodeField(0x05, 1, "processor_type", kProcessorTypeCodes),
+    CodeField(0x06, 1, "processor_family", kProcessorFamilies),
+    StringField(0x07, "processor_manufacturer"),
+    BytesField(0x08, 8, "processor_id"),
+    StringField(0x10, "processor_version"),
+    NumberField(0x11, 1, "voltage"),
+    QuantityField("voltage_millivolts", {.Convert = ProcessorVoltage}),
+    NumberField(0x12, 2, "external_clock"),
+    QuantityField("external_clock_hertz", kMegahertz),
+    NumberField(0x14, 2, "max_speed"),
+    QuantityField("max_speed_hertz", kMegahertz),
+    NumberField(0x16, 2, "current_speed"),
+    QuantityField("current_speed_hertz", kMegahertz),
+    PartsField(0x18, 1, "status", kProcessorStatus),
+    CodeField(0x19, 1, "processor_upgrade", kProcessorUpgrades),
+    HandleField(0x1A, "l1_cache_handle", kCaches),
+    HandleField(0x1C, "l2_cache_handle", kCaches),
+    HandleField(0x1E, "l3_cache_handle", kCaches),
+    StringField(0x20, "serial_number"),
+    StringField(0x21, "asset_tag"),
+    StringField(0x22, "part_number"),
+    NumberField(0x23, 1, "core_count"),
+    QuantityField("cores", {.Convert = WiderCount, .Others = {{0x2A, 2}}}),
+    NumberField(0x24, 1, "core_enabled"),
+    QuantityField("enabled_cores", {.Convert = WiderCount, .Others = {{0x2C, 2}}}),
+    NumberField(0x25, 1, "thread_count"),
+    QuantityField("threads", {.Convert = WiderCount, .Others = {{0x2E, 2}}}),
+    BitsField(0x26, 2, "processor_characteristics", kProcessorCharacteristics),
+    CodeField(0x28, 2, "processor_family_2", kProcessorFamilies),
+    NumberField(0x2A, 2, "core_count_2"),
+    NumberField(0x2C, 2, "core_enabled_2"),
+    NumberField(0x2E, 2, "thread_count_2"),
+    NumberField(0x30, 2, "thread_enabled"),
 };
 constexpr LeastLength kProcessorInformationLengths[] = {
     {2, 0, 0x1A}, {2, 1, 0x20}, {2, 3, 0x23}, {2, 5, 0x28},
@@ -494,28 +494,31 @@ constexpr Code kAssociativities[] = {
     {0x0E, "20-way Set-Associative"},
 };
 
-constexpr Derivation kMaximumCacheSize = {.How = Formula::CacheSize, .First = 0x07, .Second = 0x13};
-constexpr Derivation kInstalledCacheSize = {
-    .How = Formula::CacheSize, .First = 0x09, .Second = 0x17};
-constexpr Derivation kCacheSpeed = {
-    .How = Formula::Scaled, .First = 0x0F, .FirstWidth = 1, .Unknown = 0, .HasUnknown = true};
+// In units of 1 KiB or 64 KiB by the top bit; FFFFh says that a later field has it in the same
+// form.
+constexpr std::optional<std::uint64_t> CacheSize(std::uint64_t number, const OtherNumbers& others) {
+  const bool isWider = number == 0xFFFF && others[0];
+  const std::uint64_t value = isWider ? *others[0] : number;
+  const std::uint64_t granularity = isWider ? 1U << 31 : 1U << 15;
+  return (value & (granularity - 1)) * ((value & granularity) != 0 ? 64 * kKiB : kKiB);
+}
 
 constexpr Field kCacheInformation[] = {
-    String(0x04, "socket_designation"),
-    PartsOf(0x05, 2, "cache_configuration", kCacheConfiguration),
-    Number(0x07, 2, "maximum_cache_size"),
-    DerivedAs("maximum_size_bytes", kMaximumCacheSize),
-    Number(0x09, 2, "installed_size"),
-    DerivedAs("installed_size_bytes", kInstalledCacheSize),
-    BitsOf(0x0B, 2, "supported_sram_type", kSramTypes),
-    BitsOf(0x0D, 2, "current_sram_type", kSramTypes),
-    Number(0x0F, 1, "cache_speed"),
-    DerivedAs("cache_speed_nanoseconds", kCacheSpeed),
-    CodeOf(0x10, 1, "error_correction_type", kCacheErrorCorrections),
-    CodeOf(0x11, 1, "system_cache_type", kCacheTypes),
-    CodeOf(0x12, 1, "associativity", kAssociativities),
-    Number(0x13, 4, "maximum_cache_size_2"),
-    Number(0x17, 4, "installed_cache_size_2"),
+    StringField(0x04, "socket_designation"),
+    PartsField(0x05, 2, "cache_configuration", kCacheConfiguration),
+    NumberField(0x07, 2, "maximum_cache_size"),
+    QuantityField("maximum_size_bytes", {.Convert = CacheSize, .Others = {{0x13, 4}}}),
+    NumberField(0x09, 2, "installed_size"),
+    QuantityField("installed_size_bytes", {.Convert = CacheSize, .Others = {{0x17, 4}}}),
+    BitsField(0x0B, 2, "supported_sram_type", kSramTypes),
+    BitsField(0x0D, 2, "current_sram_type", kSramTypes),
+    NumberField(0x0F, 1, "cache_speed"),
+    QuantityField("cache_speed_nanoseconds", {.Unknown = 0}),
+    CodeField(0x10, 1, "error_correction_type", kCacheErrorCorrections),
+    CodeField(0x11, 1, "system_cache_type", kCacheTypes),
+    CodeField(0x12, 1, "associativity", kAssociativities),
+    NumberField(0x13, 4, "maximum_cache_size_2"),
+    NumberField(0x17, 4, "installed_cache_size_2"),
 };
 constexpr LeastLength kCacheInformationLengths[] = {{2, 0, 0x0F}, {2, 1, 0x13}, {3, 1, 0x1B}};
 
@@ -536,10 +539,10 @@ constexpr Code kProcessorArchitectures[] = {
 };
 
 constexpr Field kProcessorAdditionalInformation[] = {
-    Handle(0x04, "referenced_handle", kProcessors),
-    Number(0x06, 1, "block_length"),
-    CodeOf(0x07, 1, "processor_type", kProcessorArchitectures),
-    BytesOfLength(0x08, "processor_specific_data", 0x06),
+    HandleField(0x04, "referenced_handle", kProcessors),
+    NumberField(0x06, 1, "block_length"),
+    CodeField(0x07, 1, "processor_type", kProcessorArchitectures),
+    CountedBytesField(0x08, "processor_specific_data", 0x06),
 };
 constexpr LeastLength kProcessorAdditionalInformationLengths[] = {{3, 3, 0x08}};
 

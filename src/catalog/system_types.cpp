@@ -1,6 +1,6 @@
 // The system as a whole: makers, boards, enclosures, and what belongs together.
 
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "catalog/well_formed.h"
 
 namespace kestrel::catalog {
@@ -16,10 +16,10 @@ constexpr Code kWakeUpTypes[] = {
 };
 
 constexpr Field kSystemInformation[] = {
-    String(0x04, "manufacturer"), String(0x05, "product_name"),
-    String(0x06, "version"),      String(0x07, "serial_number"),
-    Uuid(0x08, "uuid"),           CodeOf(0x18, 1, "wake_up_type", kWakeUpTypes),
-    String(0x19, "sku_number"),   String(0x1A, "family"),
+    StringField(0x04, "manufacturer"), StringField(0x05, "product_name"),
+    StringField(0x06, "version"),      StringField(0x07, "serial_number"),
+    UuidField(0x08, "uuid"),           CodeField(0x18, 1, "wake_up_type", kWakeUpTypes),
+    StringField(0x19, "sku_number"),   StringField(0x1A, "family"),
 };
 constexpr LeastLength kSystemInformationLengths[] = {{2, 0, 0x08}, {2, 1, 0x19}, {2, 4, 0x1B}};
 
@@ -51,21 +51,21 @@ constexpr Code kBoardTypes[] = {
     {0x0D, "Interconnect board"},
 };
 
-constexpr Field kContainedObject[] = {Handle(0x00, "")};
+constexpr Field kContainedObject[] = {HandleField(0x00, "")};
 constexpr List kContainedObjects = {.SizeOrOffset = 2, .Fields = kContainedObject};
 
 constexpr Field kBaseBoardInformation[] = {
-    String(0x04, "manufacturer"),
-    String(0x05, "product"),
-    String(0x06, "version"),
-    String(0x07, "serial_number"),
-    String(0x08, "asset_tag"),
-    BitsOf(0x09, 1, "feature_flags", kBoardFeatures),
-    String(0x0A, "location_in_chassis"),
-    Handle(0x0B, "chassis_handle", kEnclosures),
-    CodeOf(0x0D, 1, "board_type", kBoardTypes),
-    Number(0x0E, 1, "number_of_contained_object_handles"),
-    ListOf(0x0F, "contained_object_handles", kContainedObjects),
+    StringField(0x04, "manufacturer"),
+    StringField(0x05, "product"),
+    StringField(0x06, "version"),
+    StringField(0x07, "serial_number"),
+    StringField(0x08, "asset_tag"),
+    BitsField(0x09, 1, "feature_flags", kBoardFeatures),
+    StringField(0x0A, "location_in_chassis"),
+    HandleField(0x0B, "chassis_handle", kEnclosures),
+    CodeField(0x0D, 1, "board_type", kBoardTypes),
+    NumberField(0x0E, 1, "number_of_contained_object_handles"),
+    ListField(0x0F, "contained_object_handles", kContainedObjects),
 };
 constexpr LeastLength kBaseBoardInformationLengths[] = {{2, 0, 0x08}};
 
@@ -139,9 +139,9 @@ constexpr Part kElementType[] = {
 };
 
 constexpr Field kContainedElement[] = {
-    PartsOf(0x00, 1, "contained_element_type", kElementType),
-    Number(0x01, 1, "contained_element_minimum"),
-    Number(0x02, 1, "contained_element_maximum"),
+    PartsField(0x00, 1, "contained_element_type", kElementType),
+    NumberField(0x01, 1, "contained_element_minimum"),
+    NumberField(0x02, 1, "contained_element_maximum"),
 };
 constexpr List kContainedElements = {.CountRule = List::Count::FromField,
                                      .CountOffset = 0x13,
@@ -150,42 +150,42 @@ constexpr List kContainedElements = {.CountRule = List::Count::FromField,
                                      .Fields = kContainedElement};
 
 constexpr Field kSystemEnclosure[] = {
-    String(0x04, "manufacturer"),
-    PartsOf(0x05, 1, "type", kEnclosureType),
-    String(0x06, "version"),
-    String(0x07, "serial_number"),
-    String(0x08, "asset_tag_number"),
-    CodeOf(0x09, 1, "boot_up_state", kEnclosureStates),
-    CodeOf(0x0A, 1, "power_supply_state", kEnclosureStates),
-    CodeOf(0x0B, 1, "thermal_state", kEnclosureStates),
-    CodeOf(0x0C, 1, "security_status", kSecurityStatuses),
-    Number(0x0D, 4, "oem_defined"),
-    Number(0x11, 1, "height"),
-    Number(0x12, 1, "number_of_power_cords"),
-    Number(0x13, 1, "contained_element_count"),
-    Number(0x14, 1, "contained_element_record_length"),
-    ListOf(0x15, "contained_elements", kContainedElements),
-    String(kFollows, "sku_number"),
+    StringField(0x04, "manufacturer"),
+    PartsField(0x05, 1, "type", kEnclosureType),
+    StringField(0x06, "version"),
+    StringField(0x07, "serial_number"),
+    StringField(0x08, "asset_tag_number"),
+    CodeField(0x09, 1, "boot_up_state", kEnclosureStates),
+    CodeField(0x0A, 1, "power_supply_state", kEnclosureStates),
+    CodeField(0x0B, 1, "thermal_state", kEnclosureStates),
+    CodeField(0x0C, 1, "security_status", kSecurityStatuses),
+    NumberField(0x0D, 4, "oem_defined"),
+    NumberField(0x11, 1, "height"),
+    NumberField(0x12, 1, "number_of_power_cords"),
+    NumberField(0x13, 1, "contained_element_count"),
+    NumberField(0x14, 1, "contained_element_record_length"),
+    ListField(0x15, "contained_elements", kContainedElements),
+    StringField(kFollows, "sku_number"),
 };
 constexpr LeastLength kSystemEnclosureLengths[] = {{2, 0, 0x09}, {2, 1, 0x0D}};
 
 // OEM Strings and System Configuration Options (Types 11 and 12)
 
-constexpr Field kStringCount[] = {Number(0x04, 1, "count")};
+constexpr Field kStringCount[] = {NumberField(0x04, 1, "count")};
 constexpr LeastLength kStringCountLengths[] = {{2, 0, 0x05}};
 
 // Group Associations (Type 14)
 
 constexpr Field kGroupItem[] = {
-    Number(0x00, 1, "item_type"),
-    Handle(0x01, "item_handle"),
+    NumberField(0x00, 1, "item_type"),
+    HandleField(0x01, "item_handle"),
 };
 constexpr List kGroupItems = {
     .CountRule = List::Count::ToTheEnd, .SizeOrOffset = 3, .Fields = kGroupItem};
 
 constexpr Field kGroupAssociations[] = {
-    String(0x04, "group_name"),
-    ListOf(0x05, "items", kGroupItems),
+    StringField(0x04, "group_name"),
+    ListField(0x05, "items", kGroupItems),
 };
 constexpr LeastLength kGroupAssociationsLengths[] = {{2, 0, 0x05}};
 
@@ -205,22 +205,16 @@ constexpr Part kResetCapabilities[] = {
     FlagPart("watchdog_timer", 5),
 };
 
-// Minutes, of which FFFFh says that they are not known.
-constexpr Derivation MinutesAt(std::uint8_t offset) {
-  return {
-      .How = Formula::Scaled, .First = offset, .Factor = 60, .Unknown = 0xFFFF, .HasUnknown = true};
-}
-constexpr Derivation kTimerInterval = MinutesAt(0x09);
-constexpr Derivation kTimeout = MinutesAt(0x0B);
+constexpr ConversionRule kMinutes = {.Factor = 60, .Unknown = 0xFFFF};
 
 constexpr Field kSystemReset[] = {
-    PartsOf(0x04, 1, "capabilities", kResetCapabilities),
-    Number(0x05, 2, "reset_count"),
-    Number(0x07, 2, "reset_limit"),
-    Number(0x09, 2, "timer_interval"),
-    DerivedAs("timer_interval_seconds", kTimerInterval),
-    Number(0x0B, 2, "timeout"),
-    DerivedAs("timeout_seconds", kTimeout),
+    PartsField(0x04, 1, "capabilities", kResetCapabilities),
+    NumberField(0x05, 2, "reset_count"),
+    NumberField(0x07, 2, "reset_limit"),
+    NumberField(0x09, 2, "timer_interval"),
+    QuantityField("timer_interval_seconds", kMinutes),
+    NumberField(0x0B, 2, "timeout"),
+    QuantityField("timeout_seconds", kMinutes),
 };
 constexpr LeastLength kSystemResetLengths[] = {{2, 2, 0x0D}};
 
@@ -241,7 +235,7 @@ constexpr Part kHardwareSecuritySettings[] = {
 };
 
 constexpr Field kHardwareSecurity[] = {
-    PartsOf(0x04, 1, "hardware_security_settings", kHardwareSecuritySettings),
+    PartsField(0x04, 1, "hardware_security_settings", kHardwareSecuritySettings),
 };
 constexpr LeastLength kHardwareSecurityLengths[] = {{2, 2, 0x05}};
 
@@ -253,8 +247,8 @@ constexpr Bit kConnections[] = {
 };
 
 constexpr Field kOutOfBandRemoteAccess[] = {
-    String(0x04, "manufacturer_name"),
-    BitsOf(0x05, 1, "connections", kConnections),
+    StringField(0x04, "manufacturer_name"),
+    BitsField(0x05, 1, "connections", kConnections),
 };
 constexpr LeastLength kOutOfBandRemoteAccessLengths[] = {{2, 2, 0x06}};
 

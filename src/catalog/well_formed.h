@@ -9,8 +9,8 @@
 #include <string_view>
 #include <type_traits>
 
-#include "catalog/structure_type.h"
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
+#include "catalog/type_definition.h"
 
 // Faults of the data that would show as wrong output, found when a table of types is compiled:
 //
@@ -63,7 +63,7 @@ consteval void CheckParts(std::span<const Part> parts, unsigned width) {
   unsigned next = 0;
   for (const Part& part : parts) {
     if (part.Key.empty()) {
-      Require(part.PartKind == Part::Kind::Code && part.FirstBit == 0, "a part needs a key");
+      Require(part.Kind == PartKind::Code && part.FirstBit == 0, "a part needs a key");
     } else {
       Require(IsKey(part.Key) && !IsOneOf(part.Key, {"value", "code", "text"}),
               "a part's key is that of something else");
@@ -76,37 +76,37 @@ consteval void CheckParts(std::span<const Part> parts, unsigned width) {
 }
 
 consteval void CheckWidth(const Field& field) {
-  switch (field.FieldKind) {
-    case Kind::String:
+  switch (field.Kind) {
+    case FieldKind::String:
       Require(field.Width == 1, "a string number takes a byte");
       break;
-    case Kind::Code:
+    case FieldKind::Code:
       Require(IsOneOf(field.Width, {1, 2}), "a code takes one or two bytes");
       break;
-    case Kind::Number:
-    case Kind::Bits:
-    case Kind::Parts:
+    case FieldKind::Number:
+    case FieldKind::Bits:
+    case FieldKind::Parts:
       Require(IsOneOf(field.Width, {1, 2, 4, 8}), "a number takes 1, 2, 4 or 8 bytes");
       break;
-    case Kind::Handle:
+    case FieldKind::Handle:
       Require(field.Width == 2, "a handle takes two bytes");
       break;
-    case Kind::Uuid:
+    case FieldKind::Uuid:
       Require(field.Width == 16, "a UUID takes sixteen bytes");
       break;
-    case Kind::Characters:
-    case Kind::Reserved:
+    case FieldKind::Characters:
+    case FieldKind::Reserved:
       Require(field.Width > 0, "a field needs a width");
       break;
-    case Kind::Bytes:
-    case Kind::List:
-    case Kind::Derived:
+    case FieldKind::Bytes:
+    case FieldKind::List:
+    case FieldKind::Quantity:
       break;
   }
 }
 
 consteval bool HasVaryingSize(const Field& field) {
-  return field.FieldKind == Kind::List || (field.FieldKind == Kind::Bytes && field.Width == 0);
+  return field.Kind == FieldKind::List || (field.Kind == FieldKind::Bytes && field.Width == 0);
 }
 
 // Whether fields before the index `end` have one of that kind, offset and width.
@@ -114,22 +114,24 @@ consteval bool HasNumber(std::span<const Field> fields, std::size_t end, std::ui
                          std::uint8_t width) {
   for (const Field& field : fields.first(end)) {
     if (field.Offset == offset && field.Width == width &&
-        (field.FieldKind == Kind::Number || field.FieldKind == Kind::Parts)) {
+        (field.Kind == FieldKind::Number || field.Kind == FieldKind::Parts)) {
       return true;
     }
   }
   return false;
 }
 
-consteval void CheckDerivation(std::span<const Field> fields, std::size_t index) {
-  const Derivation& derivation = *fields[index].Derived;
-  Require(HasNumber(fields, index, derivation.First, derivation.FirstWidth),
-          "a derived field stands after the field that it is made of");
-  Require(derivation.Second == 0 ||
-              HasNumber(fields, fields.size(), derivation.Second, derivation.SecondWidth),
-          "a derived field is made of a field that is not there");
-  Require(derivation.How != Formula::ScaledSigned || derivation.FirstWidth == 2,
-          "a signed field takes two bytes");
+consteval void CheckQuantity(std::span<const Field> fields, std::size_t index) {
+  std::size_t before = index;
+  while (before > 0 && fields[before].Kind == FieldKind::Quantity) {
+    --before;
+  }
+  Require(IsOneOf(fields[before].Kind, {FieldKind::Number, FieldKind::Parts}),
+          "a quantity stands after the field that it is made of");
+  for (const NumberPlace& place : fields[index].Conversion.Others) {
+    Require(place.Width == 0 || HasNumber(fields, fields.size(), place.Offset, place.Width),
+            "a quantity is made of a field that is not there");
+  }
 }
 
 consteval void CheckFields(std::span<const Field> fields, unsigned start);
@@ -147,14 +149,14 @@ consteval void CheckList(std::span<const Field> fields, std::size_t index) {
   const List& list = *fields[index].Entries;
   Require(!list.Fields.empty(), "an entry needs fields");
   for (const Field& field : list.Fields) {
-    Require(field.FieldKind != Kind::List && field.FieldKind != Kind::Derived,
-            "an entry has no lists and no derived fields");
+    Require(field.Kind != FieldKind::List && field.Kind != FieldKind::Quantity,
+            "an entry has no lists and no quantities");
   }
   if (list.Fields.size() > 1 || !list.Fields.front().Key.empty()) {
     CheckFields(list.Fields, 0);
   }
   if (list.CountRule == List::Count::FieldBefore) {
-    Require(index > 0 && fields[index - 1].FieldKind == Kind::Number,
+    Require(index > 0 && fields[index - 1].Kind == FieldKind::Number,
             "a count stands before its list");
   }
   if (list.CountRule == List::Count::FromField) {
@@ -185,7 +187,7 @@ consteval void CheckField(std::span<const Field> fields, std::size_t index) {
   if (field.LengthOffset != 0) {
     Require(HasNumber(fields, index, field.LengthOffset, 1), "a field's length is not there");
   }
-  if (field.FieldKind == Kind::Reserved) {
+  if (field.Kind == FieldKind::Reserved) {
     return;
   }
   Require(IsKey(field.Key), "a field needs a key of lower-case letters, digits and underscores");
@@ -200,14 +202,14 @@ consteval void CheckFields(std::span<const Field> fields, unsigned start) {
   for (std::size_t index = 0; index < fields.size(); ++index) {
     const Field& field = fields[index];
     CheckField(fields, index);
-    if (field.FieldKind == Kind::Derived) {
-      CheckDerivation(fields, index);
+    if (field.Kind == FieldKind::Quantity) {
+      CheckQuantity(fields, index);
       continue;
     }
     Require(field.Offset == (varies ? kFollows : next), "fields leave a gap, or overlap");
     next += field.Width;
     varies = varies || HasVaryingSize(field);
-    if (field.FieldKind == Kind::List) {
+    if (field.Kind == FieldKind::List) {
       CheckList(fields, index);
     }
   }

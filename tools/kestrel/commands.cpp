@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 #include "tools/kestrel/console_text.h"
 #include "tools/kestrel/dump.h"
 #include "tools/kestrel/fault_list.h"

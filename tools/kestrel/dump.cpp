@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 #include "firmware/entry_point.h"
 
 namespace kestrel {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "catalog/table_faults.h"
+#include "catalog/faults.h"
 #include "tools/kestrel/walk_comparison.h"
 
 namespace kestrel {

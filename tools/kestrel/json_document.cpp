@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <utility>
-#include <variant>
 #include <vector>
 
 #include "base/text.h"
 #include "catalog/decoder.h"
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "tools/kestrel/windows_1252.h"
 
 namespace kestrel {
@@ -18,7 +17,7 @@ namespace {
 using Json = nlohmann::ordered_json;
 using catalog::DecodedField;
 using catalog::DecodedFields;
-using catalog::Kind;
+using catalog::FieldKind;
 using catalog::Structure;
 using Strings = std::vector<std::string_view>;
 
@@ -111,14 +110,21 @@ Json PartsToJson(std::uint64_t whole, std::span<const catalog::Part> parts) {
     const std::uint64_t value = whole >> part.FirstBit & ((std::uint64_t{1} << part.Width) - 1);
     if (part.Key.empty()) {
       AddCode(json, value, part.Codes);
-    } else if (part.PartKind == catalog::Part::Kind::Code) {
+    } else if (part.Kind == catalog::PartKind::Code) {
       Add(json, part.Key, CodeToJson(value, part.Codes));
     } else {
-      Add(json, part.Key,
-          part.PartKind == catalog::Part::Kind::Flag ? Json(value != 0) : Json(value));
+      Add(json, part.Key, part.Kind == catalog::PartKind::Flag ? Json(value != 0) : Json(value));
     }
   }
   return json;
+}
+
+Json QuantityToJson(const DecodedField& field) {
+  if (!field.IsKnown) {
+    return {};
+  }
+  return field.Definition->Conversion.IsSigned ? Json(static_cast<std::int64_t>(field.Number))
+                                               : Json(field.Number);
 }
 
 // Turns the fields of one structure into JSON.
@@ -137,31 +143,29 @@ class FieldWriter {
  private:
   Json ValueOf(const DecodedField& field) const {
     const catalog::Field& definition = *field.Definition;
-    switch (definition.FieldKind) {
-      case Kind::Number:
-      case Kind::Handle:
-      case Kind::Reserved:
+    switch (definition.Kind) {
+      case FieldKind::Number:
+      case FieldKind::Handle:
+      case FieldKind::Reserved:
         break;
-      case Kind::String:
+      case FieldKind::String:
         return StringOf(field.Number);
-      case Kind::Code:
+      case FieldKind::Code:
         return CodeToJson(field.Number, definition.Codes);
-      case Kind::Bits:
+      case FieldKind::Bits:
         return BitsToJson(field.Number, definition.Bits);
-      case Kind::Parts:
+      case FieldKind::Parts:
         return PartsToJson(field.Number, definition.Parts);
-      case Kind::Uuid:
+      case FieldKind::Uuid:
         return TextOfUuid(field.Bytes, Version);
-      case Kind::Characters:
+      case FieldKind::Characters:
         return TextOfCharacters(field.Bytes);
-      case Kind::Bytes:
+      case FieldKind::Bytes:
         return HexOf(field.Bytes);
-      case Kind::List:
+      case FieldKind::List:
         return ListOf(field);
-      case Kind::Derived:
-        return field.Derived
-                   ? std::visit([](auto quantity) { return Json(quantity); }, *field.Derived)
-                   : Json();
+      case FieldKind::Quantity:
+        return QuantityToJson(field);
     }
     return field.Number;
   }

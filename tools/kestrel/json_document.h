@@ -5,7 +5,7 @@
 #include <string>
 
 #include "base/smbios_table.h"
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 
 namespace kestrel {
 

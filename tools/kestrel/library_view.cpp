@@ -7,7 +7,7 @@
 #include "base/structure_header.h"
 #include "base/text.h"
 #include "catalog/decoder.h"
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 #include "firmware/table_firmware.h"
 #include "types/type0_bios_information.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/smbios_table.h"
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 #include "model/smbios_reader.h"
 #include "tools/kestrel/walk_comparison.h"
 

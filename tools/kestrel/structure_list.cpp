@@ -1,7 +1,7 @@
 #include "tools/kestrel/structure_list.h"
 
 #include "base/text.h"
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 
 namespace kestrel {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 #include "tools/kestrel/walk_comparison.h"
 
 namespace kestrel {

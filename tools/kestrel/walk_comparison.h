@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 
 namespace kestrel {
 

@@ -1,4 +1,4 @@
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 
 #include <gtest/gtest.h>
 
 namespace kestrel::catalog {
 namespace {
 
-TEST(StructureTypesTest, NamesEveryPublishedType) {
+TEST(TypeCatalogTest, NamesEveryPublishedType) {
   const struct {
     std::uint8_t Type;
     std::string_view Name;

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "catalog/structure_type.h"
+#include "catalog/type_definition.h"
 
 namespace kestrel::catalog {
 

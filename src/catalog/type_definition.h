@@ -1,9 +1,12 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
+#include <tuple>
 
 // What the standard publishes of structures, as data: each structure type is a table of fields, and
 // everything that reads structures knows kinds of fields and no types. Source of all tables: DMTF
@@ -22,15 +25,15 @@ struct Bit {
   std::string_view Text;
 };
 
+enum class PartKind : std::uint8_t { Number, Flag, Code };
+
 // One of several values that share the bits of one field.
 struct Part {
-  enum class Kind : std::uint8_t { Number, Flag, Code };
-
   // Empty for a code that is the field itself, with flags beside it.
   std::string_view Key;
   std::uint8_t FirstBit;
   std::uint8_t Width;
-  Kind PartKind = Kind::Number;
+  PartKind Kind = PartKind::Number;
   std::span<const Code> Codes = {};
 };
 
@@ -38,14 +41,14 @@ constexpr Part NumberPart(std::string_view key, std::uint8_t firstBit, std::uint
   return {key, firstBit, width};
 }
 constexpr Part FlagPart(std::string_view key, std::uint8_t bit) {
-  return {key, bit, 1, Part::Kind::Flag};
+  return {key, bit, 1, PartKind::Flag};
 }
 constexpr Part CodePart(std::string_view key, std::uint8_t firstBit, std::uint8_t width,
                         std::span<const Code> codes) {
-  return {key, firstBit, width, Part::Kind::Code, codes};
+  return {key, firstBit, width, PartKind::Code, codes};
 }
 
-enum class Kind : std::uint8_t {
+enum class FieldKind : std::uint8_t {
   Number,      // unsigned, little-endian
   String,      // the number of a string of the set
   Code,        // a number with a text
@@ -57,45 +60,35 @@ enum class Kind : std::uint8_t {
   Bytes,       // whatever they mean, in hexadecimal
   Reserved,    // passed over
   List,        // entries that repeat
-  Derived,     // takes no bytes: what other fields say, in a base unit
+  Quantity,    // takes no bytes: what the field before it says, in a base unit
 };
 
-// How a derived field is made of the fields that it names. A result is unknown where the firmware
-// says so, or where the values have no meaning.
-enum class Formula : std::uint8_t {
-  // One field times Factor; unknown when it equals Unknown.
-  Scaled,
-  // The same with a signed field of two bytes.
-  ScaledSigned,
-  // The first field times Factor or, when it equals Unknown, the second times SecondFactor.
-  ScaledOrExtended,
-  RomSize,            // 64 KiB units less one; FFh: the extended size
-  CacheSize,          // 1 KiB or 64 KiB units by bit 15; FFFFh: the second size, by bit 31
-  MemoryDeviceSize,   // MiB or KiB by bit 15; 7FFFh: the extended size in MiB; FFFFh: unknown
-  MemoryModuleSize,   // an exponent of MiB in bits 6:0; 7Dh to 7Fh: none
-  MaximumModuleSize,  // an exponent of MiB
-  RangeStart,         // KiB; FFFFFFFFh: the extended address in bytes
-  RangeEnd,           // the last byte of that KiB; FFFFFFFFh: the extended address in bytes
-  ProcessorVoltage,   // tenths of a volt with bit 7 set, else one legacy voltage bit
-  BatteryCapacity,    // the first field times the second, a multiplier
+// A number that stands elsewhere in the same structure.
+struct NumberPlace {
+  std::uint8_t Offset;
+  std::uint8_t Width;
+};
+
+// The numbers at the places that a conversion names; none where the structure is too short for one,
+// as those of older versions are.
+using OtherNumbers = std::array<std::optional<std::uint64_t>, 2>;
+
+// How a quantity is made of the number of the field before it.
+struct ConversionRule {
+  std::uint32_t Factor = 1;
+  // Whether the number is signed; the quantity is signed then, too.
+  bool IsSigned = false;
+  // The number by which firmware says that it does not know.
+  std::optional<std::uint64_t> Unknown = {};
+  // In place of the factor, for what is no multiple of the number. Gives nothing where the numbers
+  // have no meaning.
+  std::optional<std::uint64_t> (*Convert)(std::uint64_t number,
+                                          const OtherNumbers& others) = nullptr;
+  NumberPlace Others[std::tuple_size_v<OtherNumbers>] = {};
 };
 
 struct List;
 struct Field;
-
-// Which fields a derived one is made of, by their offsets, and how.
-struct Derivation {
-  Formula How;
-  std::uint8_t First;
-  std::uint8_t Second = 0;
-  std::uint8_t FirstWidth = 2;
-  std::uint8_t SecondWidth = 4;
-  std::int32_t Factor = 1;
-  std::int32_t SecondFactor = 1;
-  std::uint64_t Unknown = 0;
-  bool HasUnknown = false;
-  bool ZeroIsUnknown = false;
-};
 
 // A field that stands right after one whose size the structure tells, and so at no fixed offset.
 inline constexpr std::uint8_t kFollows = 0;
@@ -111,17 +104,17 @@ struct Field {
   std::uint8_t Width;
   // The standard's name of the field in lower case with underscores.
   std::string_view Key;
-  Kind FieldKind;
+  FieldKind Kind;
   std::span<const Code> Codes = {};
   std::span<const Bit> Bits = {};
   std::span<const Part> Parts = {};
   // For a handle: the types of structures that it may name. Empty where any may be.
   std::span<const std::uint8_t> Targets = {};
   const List* Entries = nullptr;
-  const Derivation* Derived = nullptr;
   // For Bytes of varying size: the offset, in the same structure or entry, of the byte that tells
   // the size. 0 where none does.
   std::uint8_t LengthOffset = 0;
+  ConversionRule Conversion = {};
 };
 
 // Entries that repeat, all of one layout. What a count or a size claims beyond the formatted area
@@ -166,59 +159,64 @@ struct StructureType {
   bool IsSingle = false;
 };
 
+inline constexpr std::uint64_t kKiB = 1024;
+inline constexpr std::uint64_t kMiB = 1024 * kKiB;
+inline constexpr std::uint64_t kGiB = 1024 * kMiB;
+
 // Makers of fields, so that a table of them reads like the table of the standard: offset, width
 // where the kind does not give it, key.
 
-constexpr Field Number(std::uint8_t offset, std::uint8_t width, std::string_view key) {
-  return {offset, width, key, Kind::Number};
+constexpr Field NumberField(std::uint8_t offset, std::uint8_t width, std::string_view key) {
+  return {offset, width, key, FieldKind::Number};
 }
-constexpr Field String(std::uint8_t offset, std::string_view key) {
-  return {offset, 1, key, Kind::String};
+constexpr Field StringField(std::uint8_t offset, std::string_view key) {
+  return {offset, 1, key, FieldKind::String};
 }
-constexpr Field CodeOf(std::uint8_t offset, std::uint8_t width, std::string_view key,
-                       std::span<const Code> codes) {
-  return {.Offset = offset, .Width = width, .Key = key, .FieldKind = Kind::Code, .Codes = codes};
+constexpr Field CodeField(std::uint8_t offset, std::uint8_t width, std::string_view key,
+                          std::span<const Code> codes) {
+  return {.Offset = offset, .Width = width, .Key = key, .Kind = FieldKind::Code, .Codes = codes};
 }
-constexpr Field BitsOf(std::uint8_t offset, std::uint8_t width, std::string_view key,
-                       std::span<const Bit> bits) {
-  return {.Offset = offset, .Width = width, .Key = key, .FieldKind = Kind::Bits, .Bits = bits};
+constexpr Field BitsField(std::uint8_t offset, std::uint8_t width, std::string_view key,
+                          std::span<const Bit> bits) {
+  return {.Offset = offset, .Width = width, .Key = key, .Kind = FieldKind::Bits, .Bits = bits};
 }
-constexpr Field PartsOf(std::uint8_t offset, std::uint8_t width, std::string_view key,
-                        std::span<const Part> parts) {
-  return {.Offset = offset, .Width = width, .Key = key, .FieldKind = Kind::Parts, .Parts = parts};
+constexpr Field PartsField(std::uint8_t offset, std::uint8_t width, std::string_view key,
+                           std::span<const Part> parts) {
+  return {.Offset = offset, .Width = width, .Key = key, .Kind = FieldKind::Parts, .Parts = parts};
 }
-constexpr Field Handle(std::uint8_t offset, std::string_view key,
-                       std::span<const std::uint8_t> targets = {}) {
-  return {.Offset = offset, .Width = 2, .Key = key, .FieldKind = Kind::Handle, .Targets = targets};
+constexpr Field HandleField(std::uint8_t offset, std::string_view key,
+                            std::span<const std::uint8_t> targets = {}) {
+  return {.Offset = offset, .Width = 2, .Key = key, .Kind = FieldKind::Handle, .Targets = targets};
 }
-constexpr Field Uuid(std::uint8_t offset, std::string_view key) {
-  return {offset, 16, key, Kind::Uuid};
+constexpr Field UuidField(std::uint8_t offset, std::string_view key) {
+  return {offset, 16, key, FieldKind::Uuid};
 }
-constexpr Field Characters(std::uint8_t offset, std::uint8_t width, std::string_view key) {
-  return {offset, width, key, Kind::Characters};
+constexpr Field CharactersField(std::uint8_t offset, std::uint8_t width, std::string_view key) {
+  return {offset, width, key, FieldKind::Characters};
 }
 // `width` bytes, or with kRest all that are left.
-constexpr Field Binary(std::uint8_t offset, std::uint8_t width, std::string_view key) {
-  return {offset, width, key, Kind::Bytes};
+constexpr Field BytesField(std::uint8_t offset, std::uint8_t width, std::string_view key) {
+  return {offset, width, key, FieldKind::Bytes};
 }
 // As many bytes as the byte at `lengthOffset` tells.
-constexpr Field BytesOfLength(std::uint8_t offset, std::string_view key,
-                              std::uint8_t lengthOffset) {
+constexpr Field CountedBytesField(std::uint8_t offset, std::string_view key,
+                                  std::uint8_t lengthOffset) {
   return {.Offset = offset,
           .Width = 0,
           .Key = key,
-          .FieldKind = Kind::Bytes,
+          .Kind = FieldKind::Bytes,
           .LengthOffset = lengthOffset};
 }
-constexpr Field Reserved(std::uint8_t offset, std::uint8_t width) {
-  return {offset, width, {}, Kind::Reserved};
+constexpr Field ReservedField(std::uint8_t offset, std::uint8_t width) {
+  return {offset, width, {}, FieldKind::Reserved};
 }
-constexpr Field ListOf(std::uint8_t offset, std::string_view key, const List& entries) {
-  return {.Offset = offset, .Width = 0, .Key = key, .FieldKind = Kind::List, .Entries = &entries};
+constexpr Field ListField(std::uint8_t offset, std::string_view key, const List& entries) {
+  return {.Offset = offset, .Width = 0, .Key = key, .Kind = FieldKind::List, .Entries = &entries};
 }
-// Stands after the first field that it is made of.
-constexpr Field DerivedAs(std::string_view key, const Derivation& derivation) {
-  return {.Offset = 0, .Width = 0, .Key = key, .FieldKind = Kind::Derived, .Derived = &derivation};
+// Stands right after the field that it is made of.
+constexpr Field QuantityField(std::string_view key, const ConversionRule& conversion) {
+  return {
+      .Offset = 0, .Width = 0, .Key = key, .Kind = FieldKind::Quantity, .Conversion = conversion};
 }
 
 }  // namespace kestrel::catalog

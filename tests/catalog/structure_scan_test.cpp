@@ -1,4 +1,4 @@
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 
 #include <gtest/gtest.h>
 #include <sstream>
@@ -27,7 +27,7 @@ std::string LinesOf(const TableScan& scan) {
   return lines.str();
 }
 
-TEST(TableScanTest, FindsStructuresByTheirLengthAndStrings) {
+TEST(StructureScanTest, FindsStructuresByTheirLengthAndStrings) {
   const struct {
     const char* Name;
     Bytes Table;

@@ -1,4 +1,4 @@
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "catalog/table_faults.h"
+#include "catalog/faults.h"
 
 #include <algorithm>
 #include <array>
@@ -10,7 +10,7 @@
 #include "base/table_cursor.h"
 #include "base/text.h"
 #include "catalog/decoder.h"
-#include "catalog/structure_types.h"
+#include "catalog/type_catalog.h"
 
 namespace kestrel::catalog {
 
@@ -202,12 +202,12 @@ void FaultFinder::CheckLength(const Structure& structure, const StructureType& t
 void FaultFinder::CheckFields(const Structure& structure, const DecodedFields& fields,
                               std::size_t strings) {
   for (const DecodedField& field : fields) {
-    if (field.Definition->FieldKind == Kind::String && field.Number > strings) {
+    if (field.Definition->Kind == FieldKind::String && field.Number > strings) {
       AddTo(structure, Severity::Error, "string",
             Join({field.Definition->Key, " names string ", Decimal(field.Number), " of ",
                   Decimal(strings)}));
     }
-    if (field.Definition->FieldKind == Kind::Handle) {
+    if (field.Definition->Kind == FieldKind::Handle) {
       CheckHandle(structure, field);
     }
     for (const DecodedFields& entry : field.Entries) {

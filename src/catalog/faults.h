@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "base/smbios_table.h"
-#include "catalog/table_scan.h"
+#include "catalog/structure_scan.h"
 
 namespace kestrel::catalog {
 
