@@ -175,9 +175,11 @@ kestrel::SmbiosTable LongTable(std::size_t kilobytes) {
 }
 
 std::size_t Json(const kestrel::SmbiosTable& table) {
-  const std::string text = MakeJsonDocument(table, kestrel::catalog::ScanTable(table), {});
-  benchmark::DoNotOptimize(text.data());
-  return text.size();
+  kestrel::TextOutput output;
+  WriteJsonDocument(table, {}, output);
+  output.Finish();
+  benchmark::DoNotOptimize(output.GetText().data());
+  return output.GetText().size();
 }
 
 void TimeScan(benchmark::State& state) {

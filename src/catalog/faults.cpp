@@ -39,7 +39,9 @@ std::string NameOf(std::uint8_t type) {
   return Join({"type ", Decimal(type), name.empty() ? "" : " (", name, name.empty() ? "" : ")"});
 }
 
-FaultPlace PlaceOf(const Structure& structure) { return {structure.Offset, structure.Type}; }
+FaultPlace PlaceOf(const Structure& structure) {
+  return {structure.Offset, structure.Type, structure.Handle};
+}
 
 // Looks at one table, from its entry point to its last byte.
 class FaultFinder {

@@ -23,8 +23,10 @@ enum class Severity : std::uint8_t {
 
 // Where in a table a fault is: at a structure, at an offset, or without either in the entry point.
 struct FaultPlace {
-  std::optional<std::size_t> Offset;
-  std::optional<std::uint8_t> Type;
+  std::optional<std::size_t> Offset = std::nullopt;
+  // Those of the structure.
+  std::optional<std::uint8_t> Type = std::nullopt;
+  std::optional<std::uint16_t> Handle = std::nullopt;
 };
 
 // Something that is wrong with a table.

@@ -24,19 +24,34 @@ void SkipStrings(TableCursor& cursor) {
   } while (cursor.Peek() != 0);
 }
 
+TableScan ScanAll(StructureScanner scanner, std::size_t size) {
+  TableScan scan;
+  // Most tables have no more structures than this, so that their list is one allocation.
+  scan.Structures.reserve(size / kUsualStructureSize);
+  while (const auto structure = scanner.Next()) {
+    scan.Structures.push_back(*structure);
+  }
+  static_cast<ScanEnd&>(scan) = scanner.GetEnd();
+  return scan;
+}
+
 }  // namespace
 
 std::size_t Structure::GetEnd() const {
   return Offset + Formatted.size() + StringSet.size() + (IsClosed ? 1 : 0);
 }
 
+bool Structure::HasStrings() const {
+  // A set without strings is a single zero.
+  return !StringSet.empty() && (StringSet.size() != 1 || TableCursor(StringSet).Peek() != 0);
+}
+
 std::vector<std::string_view> Structure::GetStrings() const {
   std::vector<std::string_view> strings;
-  TableCursor cursor(StringSet);
-  // A set without strings is a single zero.
-  if (StringSet.size() == 1 && cursor.Peek() == 0) {
+  if (!HasStrings()) {
     return strings;
   }
+  TableCursor cursor(StringSet);
   while (!cursor.IsAtEnd()) {
     strings.push_back(cursor.String());
     cursor.SkipString();
@@ -44,48 +59,56 @@ std::vector<std::string_view> Structure::GetStrings() const {
   return strings;
 }
 
-TableScan ScanTable(std::span<const std::uint8_t> table, EndRule rule) {
-  TableScan scan;
-  // Most tables have no more structures than this, so that their list is one allocation.
-  scan.Structures.reserve(table.size() / kUsualStructureSize);
-  TableCursor cursor(table);
-  while (!cursor.IsAtEnd()) {
-    Structure structure;
-    structure.Offset = cursor.GetPosition();
-    structure.Type = cursor.U8();
-    const std::size_t length = cursor.U8();
-    structure.Handle = cursor.U16();
-    const auto rest = table.subspan(structure.Offset);
-    if (length < kHeaderSize || length > rest.size()) {
-      const bool onlyZeros = std::all_of(rest.begin(), rest.end(), IsZero);
-      if (!onlyZeros) {
-        scan.Stop = length < kHeaderSize && rest.size() >= kHeaderSize ? ScanStop::LengthTooSmall
-                                                                       : ScanStop::PastEnd;
-      }
-      break;
-    }
-    cursor.MoveTo(structure.Offset + length);
-    SkipStrings(cursor);
-    const std::size_t closing = cursor.GetPosition();
-    structure.IsClosed = closing < table.size();
-    structure.Formatted = rest.first(length);
-    structure.StringSet =
-        rest.subspan(length, std::min(closing, table.size()) - structure.Offset - length);
-    cursor.MoveTo(structure.GetEnd());
-    scan.End = structure.GetEnd();
-    scan.Structures.push_back(structure);
-    if ((rule.AfterEndOfTable && structure.Type == kEndOfTable) ||
-        scan.Structures.size() == rule.StructureCount) {
-      break;
-    }
+StructureScanner::StructureScanner(const SmbiosTable& table)
+    : StructureScanner(table.Bytes,
+                       {.AfterEndOfTable = table.EntryPoint.Kind == EntryPointKind::Bits64,
+                        .StructureCount = table.EntryPoint.StructureCount}) {}
+
+bool StructureScanner::IsAtEnd() const {
+  return End.End >= Table.size() || End.Stop != ScanStop::Complete ||
+         (Count != 0 && Count == Rule.StructureCount) ||
+         (Rule.AfterEndOfTable && LastType == kEndOfTable);
+}
+
+std::optional<Structure> StructureScanner::Next() {
+  if (IsAtEnd()) {
+    return std::nullopt;
   }
-  return scan;
+  TableCursor cursor(Table);
+  cursor.MoveTo(End.End);
+  Structure structure;
+  structure.Offset = End.End;
+  structure.Type = cursor.U8();
+  const std::size_t length = cursor.U8();
+  structure.Handle = cursor.U16();
+  const auto rest = Table.subspan(structure.Offset);
+  if (length < kHeaderSize || length > rest.size()) {
+    const bool onlyZeros = std::all_of(rest.begin(), rest.end(), IsZero);
+    if (!onlyZeros) {
+      End.Stop = length < kHeaderSize && rest.size() >= kHeaderSize ? ScanStop::LengthTooSmall
+                                                                    : ScanStop::PastEnd;
+    }
+    return std::nullopt;
+  }
+  cursor.MoveTo(structure.Offset + length);
+  SkipStrings(cursor);
+  const std::size_t closing = cursor.GetPosition();
+  structure.IsClosed = closing < Table.size();
+  structure.Formatted = rest.first(length);
+  structure.StringSet =
+      rest.subspan(length, std::min(closing, Table.size()) - structure.Offset - length);
+  End.End = structure.GetEnd();
+  LastType = structure.Type;
+  ++Count;
+  return structure;
+}
+
+TableScan ScanTable(std::span<const std::uint8_t> table, EndRule rule) {
+  return ScanAll(StructureScanner(table, rule), table.size());
 }
 
 TableScan ScanTable(const SmbiosTable& table) {
-  const EntryPointFacts& entryPoint = table.EntryPoint;
-  return ScanTable(table.Bytes, {.AfterEndOfTable = entryPoint.Kind == EntryPointKind::Bits64,
-                                 .StructureCount = entryPoint.StructureCount});
+  return ScanAll(StructureScanner(table), table.Bytes.size());
 }
 
 }  // namespace kestrel::catalog

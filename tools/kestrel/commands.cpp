@@ -60,9 +60,7 @@ void WriteCheck(CommandRun& run, Output& output) {
 }
 
 void WriteJson(CommandRun& run, Output& output) {
-  const catalog::TableScan scan = catalog::ScanTable(run.Table);
-  Warn(run, NotesOnEnd(scan));
-  output.Write(MakeJsonDocument(run.Table, scan, run.Line.Types));
+  Warn(run, NotesOnEnd(WriteJsonDocument(run.Table, {.Types = run.Line.Types}, output)));
 }
 
 void WriteDump(CommandRun& run, Output& output) { output.Write(DumpOf(run.Table)); }
