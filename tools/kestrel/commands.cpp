@@ -30,7 +30,11 @@ LibraryView ReadAsLibrary(CommandRun& run) {
 
 void WriteReport(CommandRun& run, Output& output) {
   const std::string report = ReadAsLibrary(run).Reader->BuildTextReport();
-  output.Write(run.Line.Exact ? report : ToConsoleText(report));
+  if (run.Line.Exact) {
+    output.Write(report);
+  } else {
+    WriteConsoleText(report, output);
+  }
 }
 
 void WriteMif(CommandRun& run, Output& output) {
@@ -42,13 +46,13 @@ void WriteBios(CommandRun& run, Output& output) {
   if (text.empty()) {
     throw ToolError("the table has no BIOS Information: see what it has with 'kestrel list'");
   }
-  output.Write(ToConsoleText(text));
+  WriteConsoleText(text, output);
 }
 
 void WriteList(CommandRun& run, Output& output) {
   const LibraryView view = ViewAsLibrary(run.Table);
   Warn(run, NotesOnList(view.Scan, view.Comparison));
-  output.Write(ToConsoleText(ListStructures(view.Scan, view.Comparison)));
+  WriteConsoleText(ListStructures(view.Scan, view.Comparison), output);
 }
 
 void WriteCheck(CommandRun& run, Output& output) {
@@ -56,7 +60,7 @@ void WriteCheck(CommandRun& run, Output& output) {
   catalog::FaultList faults = catalog::FindFaults(run.Table, view.Scan);
   AddWalkFaults(faults, view.Comparison);
   run.Code = faults.HasErrors() ? ExitCode::FaultyTable : ExitCode::Done;
-  output.Write(ToConsoleText(ListFaults(faults)));
+  WriteConsoleText(ListFaults(faults), output);
 }
 
 void WriteJson(CommandRun& run, Output& output) {
