@@ -4,6 +4,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tools/kestrel/output.h"
@@ -18,6 +19,7 @@ inline constexpr unsigned kTakesExact = 2;    // --exact
 inline constexpr unsigned kTakesOutput = 4;   // -o FILE
 inline constexpr unsigned kTakesNewFile = 8;  // FILE, and --force
 inline constexpr unsigned kTakesTypes = 16;   // --type N, any number of times
+inline constexpr unsigned kTakesLines = 32;   // --lines, and --images-from LIST
 
 struct CommandRun;
 
@@ -44,6 +46,10 @@ struct CommandLine {
   std::optional<std::string> Output;
   // The types of structures that are wanted; all where there are none.
   std::vector<std::uint8_t> Types;
+  // One line of JSON for each table.
+  bool Lines = false;
+  // A list of images, to run on each of them; "-" is standard input.
+  std::optional<std::string> ImagesFrom;
   // Whether a file that is there may be overwritten, for a command that makes a new one.
   bool Force = false;
 };
@@ -52,6 +58,8 @@ struct CommandLine {
 struct CommandRun {
   const CommandLine& Line;
   const SmbiosTable& Table;
+  // The name that the table has in a list of images.
+  std::optional<std::string_view> NameInList = std::nullopt;
   // What a person should know besides, one line each.
   std::vector<std::string>& Warnings;
   // What the process returns once the text is written.

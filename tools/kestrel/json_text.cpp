@@ -14,14 +14,14 @@ constexpr std::string_view kReplacementText = "\uFFFD";
 constexpr std::string_view kHexDigits = "0123456789abcdef";
 
 // Whether a byte stands for itself.
-bool IsPlain(char character) {
+bool StandsForItself(char character) {
   const auto byte = static_cast<unsigned char>(character);
   return byte >= ' ' && byte < 0x7F && byte != '"' && byte != '\\';
 }
 
 // Appends the bytes before the first one that does not stand for itself, and returns what is left.
 std::string_view AppendPlain(std::string& json, std::string_view text) {
-  const auto* const end = std::find_if_not(text.begin(), text.end(), IsPlain);
+  const auto* const end = std::find_if_not(text.begin(), text.end(), StandsForItself);
   const auto count = static_cast<std::size_t>(end - text.begin());
   json.append(text, 0, count);
   return text.substr(count);
