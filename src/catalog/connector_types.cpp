@@ -270,9 +270,8 @@ constexpr Field kSystemSlots[] = {
     NumberField(kFollows, 2, "slot_pitch"),
     CodeField(kFollows, 1, "slot_height", kSlotHeights),
 };
-constexpr LeastLength kSystemSlotsLengths[] = {
-    {2, 0, 0x0C}, {2, 1, 0x0D}, {2, 6, 0x11}, {3, 2, 0x13}, {3, 4, 0x14}, {3, 5, 0x18},
-};
+// Version 3.2 and later add fields, and still ask for 11h.
+constexpr LeastLength kSystemSlotsLengths[] = {{2, 0, 0x0C}, {2, 1, 0x0D}, {2, 6, 0x11}};
 
 // On Board Devices Information (Type 10)
 
@@ -297,7 +296,8 @@ constexpr List kOnBoardDevices = {
 constexpr Field kOnBoardDevicesInformation[] = {
     ListField(0x04, "devices", kOnBoardDevices),
 };
-constexpr LeastLength kOnBoardDevicesInformationLengths[] = {{2, 0, 0x06}};
+// "4 + 2 * (Number of Devices)", of which there may be none.
+constexpr LeastLength kOnBoardDevicesInformationLengths[] = {{2, 0, 0x04}};
 
 // Built-in Pointing Device (Type 21)
 

@@ -1,5 +1,6 @@
 #include "catalog/decoder.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <utility>
@@ -33,6 +34,23 @@ std::uint64_t ExtendSign(std::uint64_t number, std::size_t width) {
   return (number ^ sign) - sign;
 }
 
+// A UUID of zeros is not set, one of ones not present.
+bool IsUuid(std::span<const std::uint8_t> bytes) {
+  const auto isFirst = [bytes](std::uint8_t byte) { return byte == bytes.front(); };
+  const bool isUniform = std::all_of(bytes.begin(), bytes.end(), isFirst);
+  return !isUniform || (bytes.front() != 0 && bytes.front() != 0xFF);
+}
+
+std::span<const std::uint8_t> WithoutOuterZeros(std::span<const std::uint8_t> bytes) {
+  while (!bytes.empty() && bytes.front() == 0) {
+    bytes = bytes.subspan(1);
+  }
+  while (!bytes.empty() && bytes.back() == 0) {
+    bytes = bytes.first(bytes.size() - 1);
+  }
+  return bytes;
+}
+
 // Decodes the fields of one structure, or of one entry of a list, from its first byte on.
 class FieldReader {
  public:
@@ -52,6 +70,8 @@ class FieldReader {
   std::size_t SizeOf(const Field& field) const;
   std::optional<std::uint64_t> Convert(const ConversionRule& rule) const;
   std::size_t CountOf(const List& list) const;
+  DecodedField MakeOfNumberBefore(const Field& field) const;
+  DecodedField MakeOfBytes(const Field& field, std::span<const std::uint8_t> bytes) const;
   bool ReadList(const Field& field);
   std::size_t SizeOfEntry(const List& list) const;
   bool ReadEntry(const List& list, std::size_t size, std::vector<DecodedFields>& entries);
@@ -67,10 +87,8 @@ class FieldReader {
 
 bool FieldReader::Read(std::span<const Field> fields) {
   for (const Field& field : fields) {
-    if (field.Kind == FieldKind::Quantity) {
-      const auto number = Convert(field.Conversion);
-      Fields.push_back(
-          {.Definition = &field, .Number = number.value_or(0), .IsKnown = number.has_value()});
+    if (IsMadeOfNumberBefore(field)) {
+      Fields.push_back(MakeOfNumberBefore(field));
       continue;
     }
     if (field.Kind == FieldKind::List) {
@@ -88,10 +106,29 @@ bool FieldReader::Read(std::span<const Field> fields) {
     if (field.Kind != FieldKind::Reserved) {
       BytesBefore = bytes;
       NumberBefore = size <= sizeof(std::uint64_t) ? ReadNumber(bytes, 0, size) : 0;
-      Fields.push_back({.Definition = &field, .Bytes = bytes, .Number = NumberBefore});
+      Fields.push_back(MakeOfBytes(field, bytes));
     }
   }
   return true;
+}
+
+DecodedField FieldReader::MakeOfNumberBefore(const Field& field) const {
+  const auto number = Convert(field.Conversion);
+  return {.Definition = &field, .Number = number.value_or(0), .IsKnown = number.has_value()};
+}
+
+DecodedField FieldReader::MakeOfBytes(const Field& field,
+                                      std::span<const std::uint8_t> bytes) const {
+  DecodedField decoded = {.Definition = &field, .Bytes = bytes, .Number = NumberBefore};
+  if (field.Kind == FieldKind::Quantity) {
+    decoded = MakeOfNumberBefore(field);
+    decoded.Bytes = bytes;
+  } else if (field.Kind == FieldKind::Uuid) {
+    decoded.IsKnown = IsUuid(bytes);
+  } else if (field.Kind == FieldKind::Characters) {
+    decoded.Bytes = WithoutOuterZeros(bytes);
+  }
+  return decoded;
 }
 
 std::size_t FieldReader::SizeOf(const Field& field) const {

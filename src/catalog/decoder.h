@@ -15,12 +15,14 @@ using DecodedFields = std::vector<DecodedField>;
 // A field of a structure. Its views live as long as the bytes of the table.
 struct DecodedField {
   const Field* Definition = nullptr;
-  // The bytes that it takes; none for a list and for a quantity.
+  // The bytes that it takes; none for a list and for what is made of the field before it.
+  // Characters are without zeros at either end.
   std::span<const std::uint8_t> Bytes = {};
-  // The number that up to eight bytes are, whatever the kind makes of it; for a quantity the number
-  // in its unit, an std::int64_t where the quantity is signed.
+  // The number that up to eight bytes are; for a quantity the number in its unit, an std::int64_t
+  // where the quantity is signed.
   std::uint64_t Number = 0;
-  // Whether a quantity has a number: not where firmware says that it does not know.
+  // Not where firmware says that it does not know, or where the number has no meaning: of a
+  // quantity, of what is made of the field before it, and of a UUID that is not set.
   bool IsKnown = true;
   // The entries of a list. An entry of a list of plain values has one field.
   std::vector<DecodedFields> Entries = {};

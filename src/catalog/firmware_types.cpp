@@ -130,11 +130,16 @@ constexpr Code kLogAccessMethods[] = {
     {0x02, "Indexed I/O: 1 16-bit index port, 1 8-bit data port"},
     {0x03, "Memory-mapped physical 32-bit address"},
     {0x04, "Available through General-Purpose NonVolatile Data functions"},
+    {0x80, "BIOS Vendor/OEM-specific", 0xFF},
 };
 
 constexpr Bit kLogStatuses[] = {{0, "Log area valid"}, {1, "Log area full"}};
 
-constexpr Code kLogHeaderFormats[] = {{0x00, "No header"}, {0x01, "Type 1 log header"}};
+constexpr Code kLogHeaderFormats[] = {
+    {0x00, "No header"},
+    {0x01, "Type 1 log header"},
+    {0x80, "BIOS Vendor/OEM-specific", 0xFF},
+};
 
 constexpr Code kLogTypes[] = {
     {0x00, "Reserved"},
@@ -161,6 +166,7 @@ constexpr Code kLogTypes[] = {
     {0x15, "Uncorrectable CPU-complex error"},
     {0x16, "Log Area Reset/Cleared"},
     {0x17, "System boot"},
+    {0x80, "System- and OEM-specific", 0xFE},
     {0xFF, "End of log"},
 };
 
@@ -172,6 +178,7 @@ constexpr Code kLogDataFormats[] = {
     {0x04, "POST Results Bitmap"},
     {0x05, "System Management Type"},
     {0x06, "Multiple-Event System Management Type"},
+    {0x80, "OEM-specific", 0xFF},
 };
 
 constexpr Field kLogTypeDescriptor[] = {
@@ -184,6 +191,14 @@ constexpr List kLogTypeDescriptors = {.CountRule = List::Count::FromField,
                                       .SizeOrOffset = 0x16,
                                       .Fields = kLogTypeDescriptor};
 
+// Indexed access is through two ports.
+constexpr std::optional<std::uint64_t> IndexPort(std::uint64_t number, const OtherNumbers& others) {
+  return others[0] <= 2U ? std::optional(number & 0xFFFFU) : std::nullopt;
+}
+constexpr std::optional<std::uint64_t> DataPort(std::uint64_t number, const OtherNumbers& others) {
+  return others[0] <= 2U ? std::optional(number >> 16) : std::nullopt;
+}
+
 constexpr Field kSystemEventLog[] = {
     NumberField(0x04, 2, "log_area_length"),
     NumberField(0x06, 2, "log_header_start_offset"),
@@ -192,6 +207,8 @@ constexpr Field kSystemEventLog[] = {
     BitsField(0x0B, 1, "log_status", kLogStatuses),
     NumberField(0x0C, 4, "log_change_token"),
     NumberField(0x10, 4, "access_method_address"),
+    QuantityField("index_port", {.Convert = IndexPort, .Others = {{0x0A, 1}}}),
+    QuantityField("data_port", {.Convert = DataPort, .Others = {{0x0A, 1}}}),
     CodeField(0x14, 1, "log_header_format", kLogHeaderFormats),
     NumberField(0x15, 1, "number_of_supported_log_type_descriptors"),
     NumberField(0x16, 1, "length_of_each_log_type_descriptor"),
@@ -222,6 +239,8 @@ constexpr Code kBootStatuses[] = {
     {6, "System security violation"},
     {7, "Previously-requested image"},
     {8, "A system watchdog timer expired, causing the system to reboot"},
+    {128, "Vendor/OEM-specific", 191},
+    {192, "Product-specific", 255},
 };
 
 constexpr Field kSystemBootInformation[] = {
@@ -254,11 +273,13 @@ constexpr Code kFirmwareVersionFormats[] = {
     {0x01, "MAJOR.MINOR"},
     {0x02, "32-bit hexadecimal string"},
     {0x03, "64-bit hexadecimal string"},
+    {0x80, "BIOS Vendor/OEM-specific", 0xFF},
 };
 
 constexpr Code kFirmwareIdFormats[] = {
     {0x00, "Free-form string"},
     {0x01, "UEFI GUID string"},
+    {0x80, "BIOS Vendor/OEM-specific", 0xFF},
 };
 
 constexpr Bit kFirmwareCharacteristics[] = {{0, "Updatable"}, {1, "Write-Protected"}};
@@ -293,7 +314,11 @@ constexpr LeastLength kFirmwareInventoryInformationLengths[] = {{3, 5, 0x18}};
 
 // String Property (Type 46)
 
-constexpr Code kStringProperties[] = {{0x0001, "UEFI device path"}};
+constexpr Code kStringProperties[] = {
+    {0x0001, "UEFI device path"},
+    {0x8000, "BIOS Vendor-specific", 0xBFFF},
+    {0xC000, "OEM-specific", 0xFFFF},
+};
 
 constexpr Field kStringProperty[] = {
     CodeField(0x04, 2, "string_property_id", kStringProperties),

@@ -53,13 +53,16 @@ constexpr LeastLength kManagementDeviceComponentLengths[] = {{2, 3, 0x0B}};
 
 // Management Device Threshold Data (Type 36)
 
+// In the units of the probe's own values, which follow the same rule.
+constexpr ConversionRule kThreshold = {.IsSigned = true, .Unknown = 0x8000};
+
 constexpr Field kManagementDeviceThresholdData[] = {
-    NumberField(0x04, 2, "lower_threshold_non_critical"),
-    NumberField(0x06, 2, "upper_threshold_non_critical"),
-    NumberField(0x08, 2, "lower_threshold_critical"),
-    NumberField(0x0A, 2, "upper_threshold_critical"),
-    NumberField(0x0C, 2, "lower_threshold_non_recoverable"),
-    NumberField(0x0E, 2, "upper_threshold_non_recoverable"),
+    QuantityField(0x04, 2, "lower_threshold_non_critical", kThreshold),
+    QuantityField(0x06, 2, "upper_threshold_non_critical", kThreshold),
+    QuantityField(0x08, 2, "lower_threshold_critical", kThreshold),
+    QuantityField(0x0A, 2, "upper_threshold_critical", kThreshold),
+    QuantityField(0x0C, 2, "lower_threshold_non_recoverable", kThreshold),
+    QuantityField(0x0E, 2, "upper_threshold_non_recoverable", kThreshold),
 };
 constexpr LeastLength kManagementDeviceThresholdDataLengths[] = {{2, 3, 0x10}};
 
@@ -93,12 +96,29 @@ constexpr Part kBaseAddressModifier[] = {
     CodePart("register_spacing", 6, 2, kRegisterSpacings),
 };
 
+constexpr Code kBaseAddressSpaces[] = {{0, "Memory-mapped"}, {1, "I/O"}};
+
+// The address of an SSIF interface is one of the SMBus instead.
+constexpr std::optional<std::uint64_t> BaseAddressSpace(std::uint64_t number,
+                                                        const OtherNumbers& others) {
+  constexpr std::uint64_t kSsif = 4;
+  return others[0] != kSsif ? std::optional(number & 1U) : std::nullopt;
+}
+
+constexpr std::optional<std::uint64_t> SevenBitAddress(std::uint64_t number,
+                                                       const OtherNumbers& /*others*/) {
+  return number >> 1;
+}
+
 constexpr Field kIpmiDeviceInformation[] = {
     CodeField(0x04, 1, "interface_type", kBmcInterfaceTypes),
     PartsField(0x05, 1, "ipmi_specification_revision", kIpmiRevision),
     NumberField(0x06, 1, "i2c_target_address"),
+    QuantityField("i2c_target_address_7_bit", {.Convert = SevenBitAddress}),
     NumberField(0x07, 1, "nv_storage_device_address"),
     NumberField(0x08, 8, "base_address"),
+    CodeField("base_address_space", kBaseAddressSpaces,
+              {.Convert = BaseAddressSpace, .Others = {{0x04, 1}}}),
     PartsField(0x10, 1, "base_address_modifier_interrupt_info", kBaseAddressModifier),
     NumberField(0x11, 1, "interrupt_number"),
 };
@@ -114,6 +134,14 @@ constexpr Code kHostInterfaceTypes[] = {
     {0x06, "16650/16650A UART Register Compatible"},
     {0x07, "16750/16750A UART Register Compatible"},
     {0x08, "16850/16850A UART Register Compatible"},
+    {0x09, "I2C/SMBus"},
+    {0x0A, "I3C"},
+    {0x0B, "PCIe VDM"},
+    {0x0C, "MMBI"},
+    {0x0D, "PCC"},
+    {0x0E, "UCIe"},
+    {0x0F, "USB"},
+    {0x10, "MCTP Host Interface", 0x3F},
     {0x40, "Network Host Interface"},
     {0xF0, "OEM-defined"},
 };
@@ -144,7 +172,8 @@ constexpr Field kManagementControllerHostInterface[] = {
     NumberField(kFollows, 1, "number_of_protocol_records"),
     ListField(kFollows, "protocol_records", kProtocolRecords),
 };
-constexpr LeastLength kManagementControllerHostInterfaceLengths[] = {{2, 7, 0x05}, {3, 2, 0x07}};
+// The data of an interface takes four bytes at least.
+constexpr LeastLength kManagementControllerHostInterfaceLengths[] = {{2, 7, 0x09}, {3, 2, 0x0B}};
 
 // TPM Device (Type 43)
 

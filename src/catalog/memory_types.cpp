@@ -178,7 +178,7 @@ constexpr Code kFormFactors[] = {
     {0x05, "Chip"},   {0x06, "DIP"},     {0x07, "ZIP"},          {0x08, "Proprietary Card"},
     {0x09, "DIMM"},   {0x0A, "TSOP"},    {0x0B, "Row of chips"}, {0x0C, "RIMM"},
     {0x0D, "SODIMM"}, {0x0E, "SRIMM"},   {0x0F, "FB-DIMM"},      {0x10, "Die"},
-    {0x11, "CAMM"},
+    {0x11, "CAMM"},   {0x12, "CUDIMM"},  {0x13, "CSODIMM"},
 };
 
 constexpr Code kDeviceTypes[] = {
@@ -218,6 +218,7 @@ constexpr Code kDeviceTypes[] = {
     {0x22, "DDR5"},
     {0x23, "LPDDR5"},
     {0x24, "HBM3 (High Bandwidth Memory Generation 3)"},
+    {0x25, "MRDIMM"},
 };
 
 constexpr Bit kTypeDetails[] = {
@@ -248,6 +249,7 @@ constexpr Code kTechnologies[] = {
     {0x05, "NVDIMM-F"},
     {0x06, "NVDIMM-P"},
     {0x07, "Intel Optane persistent memory"},
+    {0x08, "MRDIMM"},
 };
 
 constexpr Bit kOperatingModes[] = {
@@ -368,14 +370,20 @@ constexpr Code kErrorOperations[] = {
     {0x01, "Other"}, {0x02, "Unknown"}, {0x03, "Read"}, {0x04, "Write"}, {0x05, "Partial write"},
 };
 
+constexpr ConversionRule kErrorPlace32Bit = {.Unknown = 0x80000000};
+constexpr ConversionRule kErrorPlace64Bit = {.Unknown = 0x8000000000000000};
+
 constexpr Field kMemoryError32Bit[] = {
     CodeField(0x04, 1, "error_type", kErrorTypes),
     CodeField(0x05, 1, "error_granularity", kErrorGranularities),
     CodeField(0x06, 1, "error_operation", kErrorOperations),
     NumberField(0x07, 4, "vendor_syndrome"),
     NumberField(0x0B, 4, "memory_array_error_address"),
+    QuantityField("memory_array_error_address_bytes", kErrorPlace32Bit),
     NumberField(0x0F, 4, "device_error_address"),
+    QuantityField("device_error_address_bytes", kErrorPlace32Bit),
     NumberField(0x13, 4, "error_resolution"),
+    QuantityField("error_resolution_bytes", kErrorPlace32Bit),
 };
 constexpr LeastLength kMemoryError32BitLengths[] = {{2, 1, 0x17}};
 
@@ -385,8 +393,11 @@ constexpr Field kMemoryError64Bit[] = {
     CodeField(0x06, 1, "error_operation", kErrorOperations),
     NumberField(0x07, 4, "vendor_syndrome"),
     NumberField(0x0B, 8, "memory_array_error_address"),
+    QuantityField("memory_array_error_address_bytes", kErrorPlace64Bit),
     NumberField(0x13, 8, "device_error_address"),
+    QuantityField("device_error_address_bytes", kErrorPlace64Bit),
     NumberField(0x1B, 4, "error_resolution"),
+    QuantityField("error_resolution_bytes", kErrorPlace32Bit),
 };
 constexpr LeastLength kMemoryError64BitLengths[] = {{2, 3, 0x1F}};
 
@@ -398,16 +409,18 @@ constexpr std::optional<std::uint64_t> RangeStart(std::uint64_t number,
   return number == 0xFFFFFFFF && others[0] ? others[0] : number * kKiB;
 }
 
-// The same for the last KiB of the range, of which the last byte is meant.
+// The same for the last KiB of the range, of which the last byte is meant. The extended address
+// counts only where that of the start does, too.
 constexpr std::optional<std::uint64_t> RangeEnd(std::uint64_t number, const OtherNumbers& others) {
-  return number == 0xFFFFFFFF && others[0] ? others[0] : number * kKiB + (kKiB - 1);
+  const bool isExtended = number == 0xFFFFFFFF && others[1] == 0xFFFFFFFF;
+  return isExtended && others[0] ? others[0] : number * kKiB + (kKiB - 1);
 }
 
 constexpr Field kMemoryArrayMappedAddress[] = {
     NumberField(0x04, 4, "starting_address"),
     QuantityField("starting_address_bytes", {.Convert = RangeStart, .Others = {{0x0F, 8}}}),
     NumberField(0x08, 4, "ending_address"),
-    QuantityField("ending_address_bytes", {.Convert = RangeEnd, .Others = {{0x17, 8}}}),
+    QuantityField("ending_address_bytes", {.Convert = RangeEnd, .Others = {{0x17, 8}, {0x04, 4}}}),
     HandleField(0x0C, "memory_array_handle", kArrays),
     NumberField(0x0E, 1, "partition_width"),
     NumberField(0x0F, 8, "extended_starting_address"),
@@ -415,16 +428,22 @@ constexpr Field kMemoryArrayMappedAddress[] = {
 };
 constexpr LeastLength kMemoryArrayMappedAddressLengths[] = {{2, 1, 0x0F}, {2, 7, 0x1F}};
 
+// FFh says that it is not known.
+constexpr ConversionRule kRows = {.Unknown = 0xFF};
+
 constexpr Field kMemoryDeviceMappedAddress[] = {
     NumberField(0x04, 4, "starting_address"),
     QuantityField("starting_address_bytes", {.Convert = RangeStart, .Others = {{0x13, 8}}}),
     NumberField(0x08, 4, "ending_address"),
-    QuantityField("ending_address_bytes", {.Convert = RangeEnd, .Others = {{0x1B, 8}}}),
+    QuantityField("ending_address_bytes", {.Convert = RangeEnd, .Others = {{0x1B, 8}, {0x04, 4}}}),
     HandleField(0x0C, "memory_device_handle", kDevices),
     HandleField(0x0E, "memory_array_mapped_address_handle", kArrayAddresses),
     NumberField(0x10, 1, "partition_row_position"),
+    QuantityField("partition_row", kRows),
     NumberField(0x11, 1, "interleave_position"),
+    QuantityField("interleave_order", kRows),
     NumberField(0x12, 1, "interleaved_data_depth"),
+    QuantityField("interleaved_rows", kRows),
     NumberField(0x13, 8, "extended_starting_address"),
     NumberField(0x1B, 8, "extended_ending_address"),
 };

@@ -1,5 +1,7 @@
 // Batteries, power supplies, probes and cooling.
 
+#include <algorithm>
+
 #include "catalog/type_catalog.h"
 #include "catalog/well_formed.h"
 
@@ -38,10 +40,10 @@ constexpr Part kBatteryManufactureDate[] = {
     NumberPart("years_since_1980", 9, 7),
 };
 
-// In units of the multiplier, which came later.
+// In units of the multiplier, which came later; 0 stands for the usual 1.
 constexpr std::optional<std::uint64_t> DesignCapacity(std::uint64_t number,
                                                       const OtherNumbers& others) {
-  return number * others[0].value_or(1);
+  return number * std::max<std::uint64_t>(others[0].value_or(1), 1);
 }
 
 constexpr Field kPortableBattery[] = {
@@ -58,6 +60,7 @@ constexpr Field kPortableBattery[] = {
     QuantityField("design_voltage_millivolts", {.Unknown = 0}),
     StringField(0x0E, "sbds_version_number"),
     NumberField(0x0F, 1, "maximum_error_in_battery_data"),
+    QuantityField("maximum_error_percent", {.Unknown = 0xFF}),
     NumberField(0x10, 2, "sbds_serial_number"),
     PartsField(0x12, 2, "sbds_manufacture_date", kBatteryManufactureDate),
     StringField(0x14, "sbds_device_chemistry"),
@@ -68,12 +71,25 @@ constexpr LeastLength kPortableBatteryLengths[] = {{2, 1, 0x10}, {2, 2, 0x1A}};
 
 // System Power Controls (Type 25)
 
+// Two decimal digits in a byte. Firmware stores what is out of range for a part of the time that is
+// not set.
+template <std::uint64_t least, std::uint64_t most>
+constexpr std::optional<std::uint64_t> BinaryCodedDecimal(std::uint64_t number,
+                                                          const OtherNumbers& /*others*/) {
+  const std::uint64_t value = (number >> 4) * 10 + (number & 0xFU);
+  const bool isSet = (number & 0xFU) <= 9 && value >= least && value <= most;
+  return isSet ? std::optional(value) : std::nullopt;
+}
+
 constexpr Field kSystemPowerControls[] = {
-    NumberField(0x04, 1, "next_scheduled_power_on_month"),
-    NumberField(0x05, 1, "next_scheduled_power_on_day_of_month"),
-    NumberField(0x06, 1, "next_scheduled_power_on_hour"),
-    NumberField(0x07, 1, "next_scheduled_power_on_minute"),
-    NumberField(0x08, 1, "next_scheduled_power_on_second"),
+    QuantityField(0x04, 1, "next_scheduled_power_on_month", {.Convert = BinaryCodedDecimal<1, 12>}),
+    QuantityField(0x05, 1, "next_scheduled_power_on_day_of_month",
+                  {.Convert = BinaryCodedDecimal<1, 31>}),
+    QuantityField(0x06, 1, "next_scheduled_power_on_hour", {.Convert = BinaryCodedDecimal<0, 23>}),
+    QuantityField(0x07, 1, "next_scheduled_power_on_minute",
+                  {.Convert = BinaryCodedDecimal<0, 59>}),
+    QuantityField(0x08, 1, "next_scheduled_power_on_second",
+                  {.Convert = BinaryCodedDecimal<0, 59>}),
 };
 constexpr LeastLength kSystemPowerControlsLengths[] = {{2, 2, 0x09}};
 
@@ -209,7 +225,8 @@ constexpr Field kCoolingDevice[] = {
     QuantityField("nominal_speed_rpm", {.Unknown = kUnknownReading}),
     StringField(0x0E, "description"),
 };
-constexpr LeastLength kCoolingDeviceLengths[] = {{2, 2, 0x0C}, {2, 7, 0x0F}};
+// Version 2.7 adds a field, and still asks for 0Ch.
+constexpr LeastLength kCoolingDeviceLengths[] = {{2, 2, 0x0C}};
 
 // System Power Supply (Type 39)
 

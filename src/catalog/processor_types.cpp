@@ -256,6 +256,14 @@ constexpr Code kProcessorFamilies[] = {
     {0x26F, "Multi-Core Loongson 3B Processor 5xxx Series"},
     {0x270, "Multi-Core Loongson 3C Processor 5xxx Series"},
     {0x271, "Multi-Core Loongson 3D Processor 5xxx Series"},
+    {0x300, "Intel Core 3"},
+    {0x301, "Intel Core 5"},
+    {0x302, "Intel Core 7"},
+    {0x303, "Intel Core 9"},
+    {0x304, "Intel Core Ultra 3"},
+    {0x305, "Intel Core Ultra 5"},
+    {0x306, "Intel Core Ultra 7"},
+    {0x307, "Intel Core Ultra 9"},
 };
 
 constexpr Code kProcessorUpgrades[] = {
@@ -339,6 +347,14 @@ constexpr Code kProcessorUpgrades[] = {
     {0x4E, "Socket BGA4129"},
     {0x4F, "Socket LGA4710"},
     {0x50, "Socket LGA7529"},
+    {0x51, "Socket BGA1964"},
+    {0x52, "Socket BGA1792"},
+    {0x53, "Socket BGA2049"},
+    {0x54, "Socket BGA2551"},
+    {0x55, "Socket LGA1851"},
+    {0x56, "Socket BGA2114"},
+    {0x57, "Socket BGA2833"},
+    {0xFF, "See Socket Type"},
 };
 
 constexpr Code kProcessorStatuses[] = {
@@ -369,7 +385,15 @@ constexpr Bit kProcessorCharacteristics[] = {
     {9, "Arm64 SoC ID"},
 };
 
-// Tenths of a volt where bit 7 is set, else a bit for each voltage that the socket can supply.
+constexpr Bit kLegacyVoltages[] = {{0, "5V"}, {1, "3.3V"}, {2, "2.9V"}};
+
+// Where bit 7 is not set, a bit for each voltage that the socket can supply.
+constexpr std::optional<std::uint64_t> LegacyVoltages(std::uint64_t number,
+                                                      const OtherNumbers& /*others*/) {
+  return (number & 0x80U) == 0 ? std::optional(number & 7U) : std::nullopt;
+}
+
+// Tenths of a volt where bit 7 is set, else the legacy voltage, if there is no more than one.
 constexpr std::optional<std::uint64_t> ProcessorVoltage(std::uint64_t number,
                                                         const OtherNumbers& /*others*/) {
   if ((number & 0x80U) != 0) {
@@ -389,10 +413,10 @@ constexpr std::optional<std::uint64_t> ProcessorVoltage(std::uint64_t number,
 
 constexpr ConversionRule kMegahertz = {.Factor = 1000000, .Unknown = 0};
 
-// FFh says that a later field has the count; 0 stands for unknown in both.
+// FFh says that a later field has the count, if there is one; 0 stands for unknown in both.
 constexpr std::optional<std::uint64_t> WiderCount(std::uint64_t number,
                                                   const OtherNumbers& others) {
-  const std::uint64_t count = number == 0xFF ? others[0].value_or(0) : number;
+  const std::uint64_t count = number == 0xFF ? others[0].value_or(number) : number;
   return count != 0 ? std::optional(count) : std::nullopt;
 }
 
@@ -405,6 +429,7 @@ constexpr Field kProcessorInformation[] = {
     StringField(0x10, "processor_version"),
     NumberField(0x11, 1, "voltage"),
     QuantityField("voltage_millivolts", {.Convert = ProcessorVoltage}),
+    BitsField("legacy_voltages", kLegacyVoltages, {.Convert = LegacyVoltages}),
     NumberField(0x12, 2, "external_clock"),
     QuantityField("external_clock_hertz", kMegahertz),
     NumberField(0x14, 2, "max_speed"),
@@ -431,7 +456,9 @@ constexpr Field kProcessorInformation[] = {
     NumberField(0x2C, 2, "core_enabled_2"),
     NumberField(0x2E, 2, "thread_count_2"),
     NumberField(0x30, 2, "thread_enabled"),
+    StringField(0x32, "socket_type"),
 };
+// That of 2.1 is in the conformance guidelines.
 constexpr LeastLength kProcessorInformationLengths[] = {
     {2, 0, 0x1A}, {2, 1, 0x20}, {2, 3, 0x23}, {2, 5, 0x28},
     {2, 6, 0x2A}, {3, 0, 0x30}, {3, 6, 0x32},

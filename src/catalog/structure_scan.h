@@ -17,13 +17,13 @@ struct Structure {
   // From the start of the table.
   std::size_t Offset = 0;
   std::uint8_t Type = 0;
+  // Whether the table goes on to the zeros that close the string set.
+  bool IsClosed = true;
   std::uint16_t Handle = 0;
   // The header and the fields: as many bytes as Length says, 4 at least.
   std::span<const std::uint8_t> Formatted;
   // The strings, each with the zero that ends it, without the zero that closes the set.
   std::span<const std::uint8_t> StringSet;
-  // Whether the table goes on to the zeros that close the string set.
-  bool IsClosed = true;
 
   std::uint8_t GetLength() const { return static_cast<std::uint8_t>(Formatted.size()); }
   // The offset right after the structure.

@@ -149,6 +149,8 @@ constexpr List kContainedElements = {.CountRule = List::Count::FromField,
                                      .SizeOrOffset = 0x14,
                                      .Fields = kContainedElement};
 
+constexpr Code kRackTypes[] = {{0, "Unspecified"}, {1, "OpenU"}};
+
 constexpr Field kSystemEnclosure[] = {
     StringField(0x04, "manufacturer"),
     PartsField(0x05, 1, "type", kEnclosureType),
@@ -166,6 +168,8 @@ constexpr Field kSystemEnclosure[] = {
     NumberField(0x14, 1, "contained_element_record_length"),
     ListField(0x15, "contained_elements", kContainedElements),
     StringField(kFollows, "sku_number"),
+    CodeField(kFollows, 1, "rack_type", kRackTypes),
+    NumberField(kFollows, 1, "rack_height"),
 };
 constexpr LeastLength kSystemEnclosureLengths[] = {{2, 0, 0x09}, {2, 1, 0x0D}};
 
@@ -207,10 +211,14 @@ constexpr Part kResetCapabilities[] = {
 
 constexpr ConversionRule kMinutes = {.Factor = 60, .Unknown = 0xFFFF};
 
+constexpr ConversionRule kResets = {.Unknown = 0xFFFF};
+
 constexpr Field kSystemReset[] = {
     PartsField(0x04, 1, "capabilities", kResetCapabilities),
     NumberField(0x05, 2, "reset_count"),
+    QuantityField("resets", kResets),
     NumberField(0x07, 2, "reset_limit"),
+    QuantityField("allowed_resets", kResets),
     NumberField(0x09, 2, "timer_interval"),
     QuantityField("timer_interval_seconds", kMinutes),
     NumberField(0x0B, 2, "timeout"),

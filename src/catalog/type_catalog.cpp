@@ -1,6 +1,8 @@
 #include "catalog/type_catalog.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace kestrel::catalog {
 
@@ -29,11 +31,21 @@ const StructureType* FindStructureType(std::uint8_t type) {
 }
 
 std::string_view GetTypeName(std::uint8_t type) {
-  if (type >= kFirstOemType) {
-    return "OEM";
+  if (const StructureType* published = FindStructureType(type)) {
+    return published->Name;
   }
-  const StructureType* published = FindStructureType(type);
-  return published != nullptr ? published->Name : std::string_view();
+  return type >= kFirstOemType ? "OEM" : std::string_view();
+}
+
+std::string_view FindText(std::span<const Code> codes, std::uint64_t value) {
+  const auto after =
+      std::upper_bound(codes.begin(), codes.end(), value,
+                       [](std::uint64_t number, const Code& code) { return number < code.Value; });
+  if (after == codes.begin()) {
+    return {};
+  }
+  const Code& code = *std::prev(after);
+  return value == code.Value || value <= code.Last ? code.Text : std::string_view();
 }
 
 }  // namespace kestrel::catalog

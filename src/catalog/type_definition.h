@@ -10,13 +10,15 @@
 
 // What the standard publishes of structures, as data: each structure type is a table of fields, and
 // everything that reads structures knows kinds of fields and no types. Source of all tables: DMTF
-// DSP0134, "System Management BIOS (SMBIOS) Reference", up to version 3.7.0.
+// DSP0134, "System Management BIOS (SMBIOS) Reference", version 3.9.0.
 namespace kestrel::catalog {
 
-// A code of an enumerated field. Texts are those of the standard.
+// A code of an enumerated field, or a range of codes. Texts are those of the standard.
 struct Code {
   std::uint16_t Value;
   std::string_view Text;
+  // The last code of a range; 0 for a single code.
+  std::uint16_t Last = 0;
 };
 
 // A bit of a bit field, counted from 0, and what it means when it is set.
@@ -36,6 +38,10 @@ struct Part {
   PartKind Kind = PartKind::Number;
   std::span<const Code> Codes = {};
 };
+
+constexpr std::uint64_t ValueOf(const Part& part, std::uint64_t whole) {
+  return whole >> part.FirstBit & ((std::uint64_t{1} << part.Width) - 1);
+}
 
 constexpr Part NumberPart(std::string_view key, std::uint8_t firstBit, std::uint8_t width) {
   return {key, firstBit, width};
@@ -60,7 +66,7 @@ enum class FieldKind : std::uint8_t {
   Bytes,       // whatever they mean, in hexadecimal
   Reserved,    // passed over
   List,        // entries that repeat
-  Quantity,    // takes no bytes: what the field before it says, in a base unit
+  Quantity,    // a number in the form that people use: in a base unit, or without its sign bit
 };
 
 // A number that stands elsewhere in the same structure.
@@ -73,7 +79,7 @@ struct NumberPlace {
 // as those of older versions are.
 using OtherNumbers = std::array<std::optional<std::uint64_t>, 2>;
 
-// How a quantity is made of the number of the field before it.
+// How a number is made of the stored one.
 struct ConversionRule {
   std::uint32_t Factor = 1;
   // Whether the number is signed; the quantity is signed then, too.
@@ -114,8 +120,15 @@ struct Field {
   // For Bytes of varying size: the offset, in the same structure or entry, of the byte that tells
   // the size. 0 where none does.
   std::uint8_t LengthOffset = 0;
+  // For a quantity, and for what says in another way what the field before it says.
   ConversionRule Conversion = {};
 };
+
+// Whether the field takes no bytes, and is made of the number of the field before it.
+constexpr bool IsMadeOfNumberBefore(const Field& field) {
+  return field.Width == 0 && (field.Kind == FieldKind::Quantity || field.Kind == FieldKind::Code ||
+                              field.Kind == FieldKind::Bits);
+}
 
 // Entries that repeat, all of one layout. What a count or a size claims beyond the formatted area
 // is not there.
@@ -141,7 +154,9 @@ struct List {
   std::span<const Field> Fields;
 };
 
-// What a structure's Length is at least from a version of the standard on.
+// What a structure's Length is at least from a version of the standard on: what the Length row of
+// the type's table says, which may be less than the fields of that version take. The first row is
+// of the version that brought the type.
 struct LeastLength {
   std::uint8_t Major;
   std::uint8_t Minor;
@@ -213,10 +228,37 @@ constexpr Field ReservedField(std::uint8_t offset, std::uint8_t width) {
 constexpr Field ListField(std::uint8_t offset, std::string_view key, const List& entries) {
   return {.Offset = offset, .Width = 0, .Key = key, .Kind = FieldKind::List, .Entries = &entries};
 }
-// Stands right after the field that it is made of.
+constexpr Field QuantityField(std::uint8_t offset, std::uint8_t width, std::string_view key,
+                              const ConversionRule& conversion) {
+  return {.Offset = offset,
+          .Width = width,
+          .Key = key,
+          .Kind = FieldKind::Quantity,
+          .Conversion = conversion};
+}
+
+// These three stand right after the field that they are made of.
+
 constexpr Field QuantityField(std::string_view key, const ConversionRule& conversion) {
-  return {
-      .Offset = 0, .Width = 0, .Key = key, .Kind = FieldKind::Quantity, .Conversion = conversion};
+  return QuantityField(0, 0, key, conversion);
+}
+constexpr Field CodeField(std::string_view key, std::span<const Code> codes,
+                          const ConversionRule& conversion) {
+  return {.Offset = 0,
+          .Width = 0,
+          .Key = key,
+          .Kind = FieldKind::Code,
+          .Codes = codes,
+          .Conversion = conversion};
+}
+constexpr Field BitsField(std::string_view key, std::span<const Bit> bits,
+                          const ConversionRule& conversion) {
+  return {.Offset = 0,
+          .Width = 0,
+          .Key = key,
+          .Kind = FieldKind::Bits,
+          .Bits = bits,
+          .Conversion = conversion};
 }
 
 }  // namespace kestrel::catalog

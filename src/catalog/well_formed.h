@@ -45,8 +45,11 @@ consteval bool Fits(std::uint64_t value, unsigned bits) { return bits >= 64 || v
 
 consteval void CheckCodes(std::span<const Code> codes, unsigned bits) {
   for (std::size_t index = 0; index < codes.size(); ++index) {
-    Require(Fits(codes[index].Value, bits), "a code is too large for its field");
-    Require(index == 0 || codes[index - 1].Value < codes[index].Value, "codes do not ascend");
+    const Code& code = codes[index];
+    Require(Fits(std::max(code.Value, code.Last), bits), "a code is too large for its field");
+    Require(code.Last == 0 || code.Last > code.Value, "a range of codes has no codes");
+    Require(index == 0 || std::max(codes[index - 1].Value, codes[index - 1].Last) < code.Value,
+            "codes do not ascend");
     Require(!codes[index].Text.empty(), "a code has no text");
   }
 }
@@ -76,6 +79,9 @@ consteval void CheckParts(std::span<const Part> parts, unsigned width) {
 }
 
 consteval void CheckWidth(const Field& field) {
+  if (IsMadeOfNumberBefore(field)) {
+    return;
+  }
   switch (field.Kind) {
     case FieldKind::String:
       Require(field.Width == 1, "a string number takes a byte");
@@ -86,6 +92,7 @@ consteval void CheckWidth(const Field& field) {
     case FieldKind::Number:
     case FieldKind::Bits:
     case FieldKind::Parts:
+    case FieldKind::Quantity:
       Require(IsOneOf(field.Width, {1, 2, 4, 8}), "a number takes 1, 2, 4 or 8 bytes");
       break;
     case FieldKind::Handle:
@@ -100,7 +107,6 @@ consteval void CheckWidth(const Field& field) {
       break;
     case FieldKind::Bytes:
     case FieldKind::List:
-    case FieldKind::Quantity:
       break;
   }
 }
@@ -114,23 +120,23 @@ consteval bool HasNumber(std::span<const Field> fields, std::size_t end, std::ui
                          std::uint8_t width) {
   for (const Field& field : fields.first(end)) {
     if (field.Offset == offset && field.Width == width &&
-        (field.Kind == FieldKind::Number || field.Kind == FieldKind::Parts)) {
+        IsOneOf(field.Kind, {FieldKind::Number, FieldKind::Parts, FieldKind::Code})) {
       return true;
     }
   }
   return false;
 }
 
-consteval void CheckQuantity(std::span<const Field> fields, std::size_t index) {
+consteval void CheckConversion(std::span<const Field> fields, std::size_t index) {
   std::size_t before = index;
-  while (before > 0 && fields[before].Kind == FieldKind::Quantity) {
+  while (before > 0 && IsMadeOfNumberBefore(fields[before])) {
     --before;
   }
   Require(IsOneOf(fields[before].Kind, {FieldKind::Number, FieldKind::Parts}),
-          "a quantity stands after the field that it is made of");
+          "what is made of a number stands after it");
   for (const NumberPlace& place : fields[index].Conversion.Others) {
     Require(place.Width == 0 || HasNumber(fields, fields.size(), place.Offset, place.Width),
-            "a quantity is made of a field that is not there");
+            "a number is made of a field that is not there");
   }
 }
 
@@ -149,7 +155,7 @@ consteval void CheckList(std::span<const Field> fields, std::size_t index) {
   const List& list = *fields[index].Entries;
   Require(!list.Fields.empty(), "an entry needs fields");
   for (const Field& field : list.Fields) {
-    Require(field.Kind != FieldKind::List && field.Kind != FieldKind::Quantity,
+    Require(field.Kind != FieldKind::List && !IsMadeOfNumberBefore(field),
             "an entry has no lists and no quantities");
   }
   if (list.Fields.size() > 1 || !list.Fields.front().Key.empty()) {
@@ -178,7 +184,7 @@ consteval void CheckList(std::span<const Field> fields, std::size_t index) {
 
 consteval void CheckField(std::span<const Field> fields, std::size_t index) {
   const Field& field = fields[index];
-  const unsigned bits = 8U * field.Width;
+  const unsigned bits = IsMadeOfNumberBefore(field) ? 64U : 8U * field.Width;
   CheckWidth(field);
   // A narrow field and its wider successor may share a table, so any code will do.
   CheckCodes(field.Codes, 16);
@@ -202,8 +208,8 @@ consteval void CheckFields(std::span<const Field> fields, unsigned start) {
   for (std::size_t index = 0; index < fields.size(); ++index) {
     const Field& field = fields[index];
     CheckField(fields, index);
-    if (field.Kind == FieldKind::Quantity) {
-      CheckQuantity(fields, index);
+    if (IsMadeOfNumberBefore(field)) {
+      CheckConversion(fields, index);
       continue;
     }
     Require(field.Offset == (varies ? kFollows : next), "fields leave a gap, or overlap");

@@ -48,6 +48,11 @@ EntryPointFacts Parse32(std::span<const std::uint8_t> bytes) {
   EntryPointFacts facts;
   facts.Kind = EntryPointKind::Bits32;
   facts.Bytes = OwnBytes(bytes, entry_point32::kSize, record.GetEntryPointLength());
+  if (facts.Bytes.size() == entry_point32::kShortestSize) {
+    // The kernel publishes as many bytes as the length says, after it has summed one more.
+    facts.Bytes.push_back(
+        ChecksumOf(std::span(facts.Bytes).subspan(entry_point32::kIntermediateStart)));
+  }
   facts.Version = {record.GetMajorVersion(), record.GetMinorVersion()};
   facts.TableAddress = record.GetTableAddress();
   facts.TableLength = record.GetTableLength();

@@ -32,6 +32,7 @@ TableFirmware::TableFirmware(const SmbiosTable& table) {
     length = MeasureTable(bytes, kLongestTable, is64Bit).Bytes;
     Shortened = length < whole;
     bytes.resize(length);
+    bytes.shrink_to_fit();
   }
   // The reader asks for address, length and version alone, so the structures need not be counted.
   Memory.Map(kBiosAreaStart, MakeEntryPoint(table.EntryPoint.Version, kTableAddress,

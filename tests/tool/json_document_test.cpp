@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <gmock/gmock.h>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -141,6 +140,12 @@ TEST(JsonDocumentTest, EndsAtTheFirstFieldThatIsCut) {
        R"({"starting_address": 1,"starting_address_bytes": 1024})"},
       {Structure(1, {0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}),
        R"({"manufacturer": null,"product_name": null,"version": null,"serial_number": null})"},
+      {Structure(46, {0x34, 0x81, 1, 0, 0}, {"S"}),
+       R"({"string_property_id": {"code": 33076,"text": "BIOS Vendor-specific"},)"
+       R"("string_property_value": "S","parent_handle": 0})"},
+      {Structure(25, {0x12, 0x31}),
+       R"({"next_scheduled_power_on_month": 12,"next_scheduled_power_on_day_of_month": 31})"},
+      {Structure(43, {0, 'I', 'F', 0, 2}), R"({"vendor_id": "IF","major_spec_version": 2})"},
       {Structure(14, {0, 4, 1, 0, 5, 2}),
        R"({"group_name": null,"items": [{"item_type": 4,"item_handle": 1}]})"},
       // Entries that say how long they are: none, and longer than what is left.
@@ -168,66 +173,17 @@ TEST(JsonDocumentTest, EndsAtTheFirstFieldThatIsCut) {
               testing::EndsWith(R"(": 255,"memory_module_configuration_handles": [1]})"));
 }
 
-// Bytes put at offsets of a structure that is all zeros otherwise, and what a field then says.
-TEST(JsonDocumentTest, ReadsUnitsAndWhatFirmwareDoesNotKnow) {
-  const Bytes unknown(8, 0xFF);
-  const struct {
-    std::uint8_t Type;
-    std::uint8_t Length;
-    std::map<std::size_t, Bytes> Values;
-    std::string_view Text;
-  } cases[] = {
-      {0, 24, {{9, {0x0F}}}, R"("rom_size_bytes": 1048576,)"},
-      {0, 24, {{9, {0xFF}}}, R"("rom_size_bytes": 16777216,)"},
-      {0, 26, {{9, {0xFF}}, {24, {32, 0}}}, R"("rom_size_bytes": 33554432,)"},
-      {0, 26, {{9, {0xFF}}, {24, {2, 0x40}}}, R"("rom_size_bytes": 2147483648,)"},
-      {0, 26, {{9, {0xFF}}, {24, {2, 0x80}}}, R"("rom_size_bytes": null,)"},
-      {3, 22, {{0x13, {2}}}, R"("contained_elements": [],"sku_number": null})"},
-      {4, 32, {{0x11, {0x8C}}}, R"("voltage_millivolts": 1200,)"},
-      {4, 32, {{0x11, {2}}}, R"("voltage_millivolts": 3300,)"},
-      {4, 32, {{0x11, {3}}}, R"("voltage_millivolts": null,)"},
-      {4, 32, {{0x14, {0xB8, 0x0B}}}, R"("max_speed_hertz": 3000000000,)"},
-      {4, 48, {{0x23, {0xFF}}, {0x2A, {0, 1}}}, R"("cores": 256,)"},
-      {4, 48, {}, R"("cores": null,)"},
-      {4, 40, {{0x23, {0xFF}}}, R"("cores": null,)"},
-      {6, 12, {{9, {0x84}}}, R"("installed_size_bytes": 16777216,)"},
-      {6, 12, {{9, {0x7D}}}, R"("installed_size_bytes": null,)"},
-      {6, 12, {{9, {0x7C}}}, R"("installed_size_bytes": null,)"},
-      {6, 12, {{9, {0x7F}}}, R"("installed_size_bytes": 0,)"},
-      {7, 19, {{7, {0x00, 0x02}}}, R"("maximum_size_bytes": 524288,)"},
-      {7, 19, {{7, {0x10, 0x80}}}, R"("maximum_size_bytes": 1048576,)"},
-      {7, 27, {{7, {0xFF, 0xFF}}, {19, {0, 8, 0, 0x80}}}, R"("maximum_size_bytes": 134217728,)"},
-      {16, 15, {{7, {0, 0, 0, 0x80}}}, R"("maximum_capacity_bytes": null,)"},
-      {16, 23, {{10, {0x80}}, {22, {0x80}}}, R"("maximum_capacity_bytes": 9223372036854775808,)"},
-      {17, 28, {{12, {0x00, 0x80}}}, R"("size_bytes": 0,)"},
-      {17, 28, {{12, {0x00, 0x82}}}, R"("size_bytes": 524288,)"},
-      {17, 28, {{12, {0xFF, 0xFF}}}, R"("size_bytes": null,)"},
-      {17, 28, {{12, {0xFF, 0x7F}}}, R"("size_bytes": 34358689792,)"},
-      {17, 32, {{12, {0xFF, 0x7F}}, {29, {0x80}}}, R"("size_bytes": 34359738368,)"},
-      {17, 92, {{0x4C, unknown}}, R"("logical_size_bytes": null,)"},
-      {19, 15, {{8, {0xFF, 0xFF}}}, R"("ending_address_bytes": 67108863,)"},
-      {19, 31, {{4, {0xFF, 0xFF, 0xFF, 0xFF}}, {15, {7}}}, R"("starting_address_bytes": 7,)"},
-      {22, 26, {{10, {100}}}, R"("design_capacity_milliwatt_hours": 0,)"},
-      {22, 16, {{10, {100}}}, R"("design_capacity_milliwatt_hours": 100,)"},
-      {23, 13, {{9, {2}}}, R"("timer_interval_seconds": 120,)"},
-      {23, 13, {{9, {0xFF, 0xFF}}}, R"("timer_interval_seconds": null,)"},
-      {28, 20, {{10, {0xFE, 0xFF}}}, R"("resolution_millidegrees_celsius": -2,)"},
-  };
-  for (const auto& test : cases) {
-    Bytes fields(test.Length - std::size_t{4});
-    for (const auto& [offset, value] : test.Values) {
-      std::copy(value.begin(), value.end(),
-                fields.begin() + static_cast<std::ptrdiff_t>(offset - 4));
-    }
-    EXPECT_THAT(FieldsOf(Structure(test.Type, fields)) + ",", testing::HasSubstr(test.Text));
-  }
-}
-
 TEST(JsonDocumentTest, OrdersTheBytesOfAUuidByTheVersion) {
   const Bytes table =
       Structure(1, {0, 0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 6});
-  EXPECT_THAT(FieldsOf(table, 5),
-              testing::HasSubstr(R"("uuid": "00010203-0405-0607-0809-0A0B0C0D0E0F")"));
+  for (const std::uint8_t minorVersion : Bytes{5, 31, 33}) {
+    EXPECT_THAT(FieldsOf(table, minorVersion),
+                testing::HasSubstr(R"("uuid": "00010203-0405-0607-0809-0A0B0C0D0E0F")"));
+  }
+  EXPECT_THAT(FieldsOf(table, 51), testing::HasSubstr(R"("uuid": "03020100-0504-0706-0809-)"));
+  for (const auto byte : {std::uint8_t{0}, std::uint8_t{0xFF}}) {
+    EXPECT_THAT(FieldsOf(Structure(1, Bytes(20, byte))), testing::HasSubstr(R"("uuid": null})"));
+  }
 }
 
 }  // namespace

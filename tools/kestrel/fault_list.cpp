@@ -8,7 +8,7 @@ namespace kestrel {
 namespace {
 
 using catalog::Fault;
-using catalog::Severity;
+using catalog::FaultSeverity;
 
 void AppendPlace(std::string& line, const Fault& fault) {
   if (!fault.Place.Offset) {
@@ -25,18 +25,19 @@ void AppendPlace(std::string& line, const Fault& fault) {
 }  // namespace
 
 void AddWalkFaults(catalog::FaultList& faults, const WalkComparison& comparison) {
+  const auto add = [&](const StructurePlace& place, const char* kind, const char* text) {
+    faults.Add({place.Offset, place.Type, place.Handle}, FaultSeverity::Remark, {kind}, text);
+  };
   for (const StructurePlace& place : comparison.Lost) {
-    faults.Add({place.Offset, place.Type}, Severity::Error, "lost",
-               "the report and the MIF document lose it");
+    add(place, "lost", "the report and the MIF document lose it");
   }
   for (const StructurePlace& place : comparison.CutShort) {
-    faults.Add({place.Offset, place.Type}, Severity::Error, "cut short",
-               "the report and the MIF document take it to end too early");
+    add(place, "cut short", "the report and the MIF document take it to end too early");
   }
   for (const StructurePlace& place : comparison.Invented) {
     std::string text = "the report and the MIF document see a structure of type ";
     Append(text, {Decimal(place.Type), " where none is"});
-    faults.Add({place.Offset, {}}, Severity::Error, "invented", std::move(text));
+    faults.Add({.Offset = place.Offset}, FaultSeverity::Remark, {"invented"}, std::move(text));
   }
 }
 
@@ -47,7 +48,8 @@ std::string ListFaults(const catalog::FaultList& faults) {
     if (fault.More != 0) {
       Append(list, {", and ", Decimal(fault.More), " more"});
     }
-    Append(list, {fault.Kind == Severity::Error ? ": error: " : ": remark: ", fault.Text, "\r\n"});
+    Append(list, {fault.Severity == FaultSeverity::Error ? ": error: " : ": remark: ", fault.Text,
+                  "\r\n"});
   }
   return list;
 }

@@ -13,6 +13,7 @@
 #include "base/table_cursor.h"
 #include "base/text.h"
 #include "catalog/decoder.h"
+#include "catalog/meant_version.h"
 #include "catalog/type_catalog.h"
 #include "tools/kestrel/json_text.h"
 
@@ -157,7 +158,7 @@ class DocumentWriter {
   }
 
   catalog::ScanEnd WriteTable(const SmbiosTable& table, const JsonOptions& options) {
-    Version = table.EntryPoint.Version;
+    Version = catalog::MeantVersion(table.EntryPoint.Version);
     Start();
     if (options.Source) {
       Utf8("source", *options.Source);
@@ -254,7 +255,6 @@ class DocumentWriter {
   void WriteCode(std::uint64_t value, std::span<const catalog::Code> codes);
   void WriteBits(std::uint64_t value, std::span<const catalog::Bit> bits);
   void WriteParts(std::uint64_t whole, std::span<const catalog::Part> parts);
-  void WriteQuantity(const DecodedField& field);
   void WriteUuid(std::span<const std::uint8_t> bytes);
   void WriteCharacters(std::span<const std::uint8_t> bytes);
   void WriteList(const DecodedField& field);
@@ -285,7 +285,7 @@ void DocumentWriter<Writer>::WriteEntryPoint(const EntryPointFacts& entryPoint) 
   Key("smbios");
   Json.StartObject();
   Key("version");
-  TextOrNull(Join({Decimal(Version.Major), ".", Decimal(Version.Minor)}));
+  TextOrNull(Join({Decimal(entryPoint.Version.Major), ".", Decimal(entryPoint.Version.Minor)}));
   Key("entry_point");
   TextOrNull(AnchorOf(entryPoint.Kind));
   Number("table_length", entryPoint.TableLength);
@@ -299,7 +299,7 @@ void DocumentWriter<Writer>::WriteFault(const catalog::Fault& fault) {
   NumberOrNull("type", fault.Place.Type);
   NumberOrNull("handle", fault.Place.Handle);
   Key("severity");
-  TextOrNull(fault.Kind == catalog::Severity::Error ? "error" : "remark");
+  TextOrNull(fault.Severity == catalog::FaultSeverity::Error ? "error" : "remark");
   Key("text");
   TextOrNull(fault.Text);
   Json.EndObject();
@@ -341,6 +341,10 @@ void DocumentWriter<Writer>::WriteFields(const DecodedFields& fields) {
 
 template <typename Writer>
 void DocumentWriter<Writer>::WriteValue(const DecodedField& field) {
+  if (!field.IsKnown) {
+    Json.Null();
+    return;
+  }
   const catalog::Field& definition = *field.Definition;
   switch (definition.Kind) {
     case FieldKind::Number:
@@ -373,7 +377,8 @@ void DocumentWriter<Writer>::WriteValue(const DecodedField& field) {
       WriteList(field);
       break;
     case FieldKind::Quantity:
-      WriteQuantity(field);
+      definition.Conversion.IsSigned ? Json.Int64(static_cast<std::int64_t>(field.Number))
+                                     : Json.Uint64(field.Number);
       break;
   }
 }
@@ -381,13 +386,9 @@ void DocumentWriter<Writer>::WriteValue(const DecodedField& field) {
 template <typename Writer>
 void DocumentWriter<Writer>::WriteCodeMembers(std::uint64_t value,
                                               std::span<const catalog::Code> codes) {
-  const auto code = std::lower_bound(
-      codes.begin(), codes.end(), value,
-      [](const catalog::Code& row, std::uint64_t number) { return row.Value < number; });
-  const bool isListed = code != codes.end() && code->Value == value;
   Number("code", value);
   Key("text");
-  TextOrNull(isListed ? code->Text : std::string_view());
+  TextOrNull(catalog::FindText(codes, value));
 }
 
 template <typename Writer>
@@ -417,7 +418,7 @@ void DocumentWriter<Writer>::WriteParts(std::uint64_t whole, std::span<const cat
   Json.StartObject();
   Number("value", whole);
   for (const catalog::Part& part : parts) {
-    const std::uint64_t value = whole >> part.FirstBit & ((std::uint64_t{1} << part.Width) - 1);
+    const std::uint64_t value = ValueOf(part, whole);
     if (part.Key.empty()) {
       WriteCodeMembers(value, part.Codes);
       continue;
@@ -438,22 +439,11 @@ void DocumentWriter<Writer>::WriteParts(std::uint64_t whole, std::span<const cat
   Json.EndObject();
 }
 
-template <typename Writer>
-void DocumentWriter<Writer>::WriteQuantity(const DecodedField& field) {
-  if (!field.IsKnown) {
-    Json.Null();
-  } else if (field.Definition->Conversion.IsSigned) {
-    Json.Int64(static_cast<std::int64_t>(field.Number));
-  } else {
-    Json.Uint64(field.Number);
-  }
-}
-
 // From version 2.6 on the first three fields are little-endian.
 template <typename Writer>
 void DocumentWriter<Writer>::WriteUuid(std::span<const std::uint8_t> bytes) {
   constexpr std::size_t kLittleEndian[] = {3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
-  const bool isLittleEndian = Version.Major > 2 || (Version.Major == 2 && Version.Minor >= 6);
+  const bool isLittleEndian = Version >= SmbiosVersion{2, 6};
   Scratch.clear();
   for (std::size_t index = 0; index < bytes.size(); ++index) {
     if (index == 4 || index == 6 || index == 8 || index == 10) {
@@ -469,7 +459,7 @@ void DocumentWriter<Writer>::WriteCharacters(std::span<const std::uint8_t> bytes
   // Text and bytes share their storage; char may alias any object.
   const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   Scratch.clear();
-  AppendQuotedFirmwareText(Scratch, text.substr(0, text.find_last_not_of('\0') + 1));
+  AppendQuotedFirmwareText(Scratch, text);
   QuotedOrNull(Scratch);
 }
 

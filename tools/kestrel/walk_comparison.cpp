@@ -20,7 +20,7 @@ bool IsDropped(const catalog::Structure& structure) {
 }
 
 StructurePlace PlaceOf(const catalog::Structure& structure) {
-  return {structure.Offset, structure.Type};
+  return {structure.Offset, structure.Type, structure.Handle};
 }
 
 // The offset after the last byte that is not zero.
@@ -69,6 +69,8 @@ WalkComparison CompareWithWalk(const catalog::TableScan& scan,
     }
     ++scanned;
   }
+  const auto rest = static_cast<std::size_t>(std::distance(scanned, end));
+  comparison.Lost.reserve(comparison.Lost.size() + rest);
   std::transform(scanned, end, std::back_inserter(comparison.Lost), PlaceOf);
   return comparison;
 }

@@ -9,10 +9,12 @@
 
 namespace kestrel {
 
-// Where something starts that is a structure to one of two readers.
+// A structure that only one of two readers sees, or that both see differently.
 struct StructurePlace {
   std::size_t Offset;
   std::uint8_t Type;
+  // That of the scan's structure.
+  std::uint16_t Handle = 0;
 };
 
 // How the walk that the report and the MIF document rest on differs from the scan. Structures that
