@@ -2,11 +2,12 @@
 // several sizes, and every command over tables that are made to take long: their time per byte of
 // the table does not grow with it.
 //
-// Of each it prints the time, the time per byte of the table, the size of the text, the time per
-// byte of it, and how often a memcpy of the text would fit into the time, measured in the same run:
-// warm, from cache to cache, and cold, through memory. The ratios are what is worth comparing from
-// machine to machine.
+// Of each it prints the time, the time per byte of the table and of the text, the bytes per second
+// of both, the size of the text, and how often a memcpy of the text would fit into the time,
+// measured in the same run: warm, from cache to cache, and cold, through memory. The ratios are what
+// is worth comparing from machine to machine.
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <cstddef>
@@ -28,7 +29,6 @@
 #include "sample/sample_table.h"
 #include "sample/table_builder.h"
 #include "tools/kestrel/commands.h"
-#include "tools/kestrel/json_document.h"
 
 namespace {
 
@@ -97,9 +97,13 @@ void Measure(benchmark::State& state, std::size_t tableSize, Work work) {
   }
   const double seconds = SecondsSince(start) / static_cast<double>(state.iterations());
   state.counters["ns/table byte"] = seconds * 1e9 / static_cast<double>(tableSize);
+  state.counters["table bytes/s"] = static_cast<double>(tableSize) / seconds;
   if (textSize != 0) {
     state.counters["text bytes"] = static_cast<double>(textSize);
     state.counters["ns/text byte"] = seconds * 1e9 / static_cast<double>(textSize);
+    state.counters["text bytes/s"] = static_cast<double>(textSize) / seconds;
+  }
+  if (textSize != 0 && textSize <= kLargerThanCaches / 2) {
     state.counters["warm copies"] = seconds / SecondsOfCopy(textSize, 0);
     state.counters["cold copies"] = seconds / SecondsOfCopy(textSize, kLargerThanCaches);
   }
@@ -176,10 +180,31 @@ kestrel::SmbiosTable LongTable(std::size_t kilobytes) {
   return table;
 }
 
-std::size_t Json(const kestrel::SmbiosTable& table) {
-  const std::string text = MakeJsonDocument(table, kestrel::catalog::ScanTable(table), {});
-  benchmark::DoNotOptimize(text.data());
-  return text.size();
+// Counts what a command writes.
+class CountingOutput : public kestrel::Output {
+ public:
+  std::size_t GetSize() const { return Size; }
+
+ private:
+  void Pass(std::string_view bytes) override { Size += bytes.size(); }
+
+  std::size_t Size = 0;
+};
+
+const kestrel::Command& CommandNamed(std::string_view name) {
+  const auto commands = kestrel::GetCommands();
+  return *std::find_if(commands.begin(), commands.end(),
+                       [&](const kestrel::Command& command) { return command.Name == name; });
+}
+
+// The size of what the command writes.
+std::size_t Run(const kestrel::CommandLine& line, const kestrel::SmbiosTable& table) {
+  std::vector<std::string> warnings;
+  kestrel::CommandRun run = {.Line = line, .Table = table, .Warnings = warnings};
+  CountingOutput output;
+  line.Chosen->Run(run, output);
+  output.Finish();
+  return output.GetSize();
 }
 
 void TimeScan(benchmark::State& state) {
@@ -188,11 +213,6 @@ void TimeScan(benchmark::State& state) {
     benchmark::DoNotOptimize(kestrel::catalog::ScanTable(table).Structures.data());
     return std::size_t{0};
   });
-}
-
-void TimeJson(benchmark::State& state) {
-  const kestrel::SmbiosTable table = LongTable(static_cast<std::size_t>(state.range(0)));
-  Measure(state, table.Bytes.size(), [&] { return Json(table); });
 }
 
 // Half of it tiny structures and half of it lists of handles, all of which are 0.
@@ -214,16 +234,10 @@ kestrel::SmbiosTable HostileTable(std::size_t kilobytes) {
   return table;
 }
 
-void TimeCommand(benchmark::State& state, const kestrel::Command& command) {
-  const kestrel::SmbiosTable table = HostileTable(static_cast<std::size_t>(state.range(0)));
-  kestrel::CommandLine line;
-  line.Chosen = &command;
-  Measure(state, table.Bytes.size(), [&] {
-    std::vector<std::string> warnings;
-    kestrel::CommandRun run = {line, table, warnings};
-    benchmark::DoNotOptimize(command.MakeText(run).data());
-    return std::size_t{0};
-  });
+void TimeCommand(benchmark::State& state, const kestrel::CommandLine& line,
+                 kestrel::SmbiosTable (*makeTable)(std::size_t)) {
+  const kestrel::SmbiosTable table = makeTable(static_cast<std::size_t>(state.range(0)));
+  Measure(state, table.Bytes.size(), [&] { return Run(line, table); });
 }
 
 // Announced counts that are true, or the same counts without entries.
@@ -240,12 +254,19 @@ void RegisterBenchmarks() {
                                        {"everything", &TimeEverything}}) {
     benchmark::RegisterBenchmark(name, function)->Arg(1)->Arg(4)->Arg(16)->Arg(64);
   }
-  for (const auto& [name, function] : {std::pair{"scan", &TimeScan}, {"json", &TimeJson}}) {
-    benchmark::RegisterBenchmark(name, function)->Arg(4)->Arg(64)->Arg(1024);
+  benchmark::RegisterBenchmark("scan", TimeScan)->Arg(4)->Arg(64)->Arg(1024)->Arg(16 * 1024);
+  const auto time = [](const std::string& name, const kestrel::CommandLine& line, auto makeTable) {
+    return benchmark::RegisterBenchmark(
+        name.c_str(), [=](benchmark::State& state) { TimeCommand(state, line, makeTable); });
+  };
+  for (const char* name : {"json", "json --lines", "check"}) {
+    const std::string_view words = name;
+    const kestrel::CommandLine line = {.Chosen = &CommandNamed(words.substr(0, words.find(' '))),
+                                       .Lines = words.ends_with("--lines")};
+    time(name, line, LongTable)->Arg(4)->Arg(64)->Arg(1024)->Arg(16 * 1024);
   }
   for (const kestrel::Command& command : kestrel::GetCommands()) {
-    benchmark::RegisterBenchmark((std::string("hostile ") + command.Name).c_str(),
-                                 [&](benchmark::State& state) { TimeCommand(state, command); })
+    time(std::string("hostile ") + command.Name, {.Chosen = &command}, HostileTable)
         ->Arg(64)
         ->Arg(1024)
         ->Arg(16 * 1024)
@@ -280,10 +301,11 @@ int main(int argc, char** argv) {
   Everything(MixedTable(kestrel::kLongestTable));
   std::cout << "memory for everything of 64 KiB, above the idle process: " << PeakKilobytes() - idle
             << " KiB\n";
-  for (const std::size_t kilobytes : {4, 64, 1024}) {
+  const kestrel::CommandLine json = {.Chosen = &CommandNamed("json")};
+  for (const std::size_t kilobytes : {4, 64, 1024, 16 * 1024}) {
     // A peak only grows, so that the sizes come in order.
     const long before = PeakKilobytes();
-    const std::size_t size = Json(LongTable(kilobytes));
+    const std::size_t size = Run(json, LongTable(kilobytes));
     std::cout << "memory for JSON of " << kilobytes << " KiB, " << size / 1024
               << " KiB of text, above what went before: " << PeakKilobytes() - before << " KiB\n";
   }

@@ -25,10 +25,27 @@ void SkipStrings(TableCursor& cursor) {
   } while (cursor.Peek() != 0);
 }
 
+TableScan ScanAll(StructureScanner scanner, std::size_t size) {
+  TableScan scan;
+  // No table has more, so the list is never copied into a larger one. That saves a tenth of the
+  // memory that the check of 16 MiB of tiny structures takes; room that is not used costs none.
+  scan.Structures.reserve(size / kLeastStructureSize + 1);
+  while (const auto structure = scanner.Next()) {
+    scan.Structures.push_back(*structure);
+  }
+  static_cast<ScanEnd&>(scan) = scanner.GetEnd();
+  return scan;
+}
+
 }  // namespace
 
 std::size_t Structure::GetEnd() const {
   return Offset + Formatted.size() + StringSet.size() + (IsClosed ? 1 : 0);
+}
+
+bool Structure::HasStrings() const {
+  // A set without strings is a single zero.
+  return !StringSet.empty() && (StringSet.size() != 1 || TableCursor(StringSet).Peek() != 0);
 }
 
 std::vector<std::string_view> Structure::GetStrings() const {
@@ -38,11 +55,10 @@ std::vector<std::string_view> Structure::GetStrings() const {
 }
 
 void Structure::ForEachString(const std::function<void(std::string_view)>& take) const {
-  TableCursor cursor(StringSet);
-  // A set without strings is a single zero.
-  if (StringSet.size() == 1 && cursor.Peek() == 0) {
+  if (!HasStrings()) {
     return;
   }
+  TableCursor cursor(StringSet);
   while (!cursor.IsAtEnd()) {
     take(cursor.String());
     cursor.SkipString();
@@ -57,49 +73,56 @@ std::string_view Structure::GetString(std::uint64_t number) const {
   return number != 0 ? cursor.String() : std::string_view();
 }
 
-TableScan ScanTable(std::span<const std::uint8_t> table, EndRule rule) {
-  TableScan scan;
-  // No table has more, so the list is never copied into a larger one. That saves a tenth of the
-  // memory that the check of 16 MiB of tiny structures takes; room that is not used costs none.
-  scan.Structures.reserve(table.size() / kLeastStructureSize + 1);
-  TableCursor cursor(table);
-  while (!cursor.IsAtEnd()) {
-    Structure structure;
-    structure.Offset = cursor.GetPosition();
-    structure.Type = cursor.U8();
-    const std::size_t length = cursor.U8();
-    structure.Handle = cursor.U16();
-    const auto rest = table.subspan(structure.Offset);
-    if (length < kHeaderSize || length > rest.size()) {
-      const bool onlyZeros = std::all_of(rest.begin(), rest.end(), IsZero);
-      if (!onlyZeros) {
-        scan.Stop = length < kHeaderSize && rest.size() >= kHeaderSize ? ScanStop::LengthTooSmall
-                                                                       : ScanStop::PastEnd;
-      }
-      break;
-    }
-    cursor.MoveTo(structure.Offset + length);
-    SkipStrings(cursor);
-    const std::size_t closing = cursor.GetPosition();
-    structure.IsClosed = closing < table.size();
-    structure.Formatted = rest.first(length);
-    structure.StringSet =
-        rest.subspan(length, std::min(closing, table.size()) - structure.Offset - length);
-    cursor.MoveTo(structure.GetEnd());
-    scan.End = structure.GetEnd();
-    scan.Structures.push_back(structure);
-    if ((rule.AfterEndOfTable && structure.Type == kEndOfTable) ||
-        scan.Structures.size() == rule.StructureCount) {
-      break;
-    }
+StructureScanner::StructureScanner(const SmbiosTable& table)
+    : StructureScanner(table.Bytes,
+                       {.AfterEndOfTable = table.EntryPoint.Kind == EntryPointKind::Bits64,
+                        .StructureCount = table.EntryPoint.StructureCount}) {}
+
+bool StructureScanner::IsAtEnd() const {
+  return End.End >= Table.size() || End.Stop != ScanStop::Complete ||
+         (Count != 0 && Count == Rule.StructureCount) ||
+         (Rule.AfterEndOfTable && LastType == kEndOfTable);
+}
+
+std::optional<Structure> StructureScanner::Next() {
+  if (IsAtEnd()) {
+    return std::nullopt;
   }
-  return scan;
+  TableCursor cursor(Table);
+  cursor.MoveTo(End.End);
+  Structure structure;
+  structure.Offset = End.End;
+  structure.Type = cursor.U8();
+  const std::size_t length = cursor.U8();
+  structure.Handle = cursor.U16();
+  const auto rest = Table.subspan(structure.Offset);
+  if (length < kHeaderSize || length > rest.size()) {
+    const bool onlyZeros = std::all_of(rest.begin(), rest.end(), IsZero);
+    if (!onlyZeros) {
+      End.Stop = length < kHeaderSize && rest.size() >= kHeaderSize ? ScanStop::LengthTooSmall
+                                                                    : ScanStop::PastEnd;
+    }
+    return std::nullopt;
+  }
+  cursor.MoveTo(structure.Offset + length);
+  SkipStrings(cursor);
+  const std::size_t closing = cursor.GetPosition();
+  structure.IsClosed = closing < Table.size();
+  structure.Formatted = rest.first(length);
+  structure.StringSet =
+      rest.subspan(length, std::min(closing, Table.size()) - structure.Offset - length);
+  End.End = structure.GetEnd();
+  LastType = structure.Type;
+  ++Count;
+  return structure;
+}
+
+TableScan ScanTable(std::span<const std::uint8_t> table, EndRule rule) {
+  return ScanAll(StructureScanner(table, rule), table.size());
 }
 
 TableScan ScanTable(const SmbiosTable& table) {
-  const EntryPointFacts& entryPoint = table.EntryPoint;
-  return ScanTable(table.Bytes, {.AfterEndOfTable = entryPoint.Kind == EntryPointKind::Bits64,
-                                 .StructureCount = entryPoint.StructureCount});
+  return ScanAll(StructureScanner(table), table.Bytes.size());
 }
 
 }  // namespace kestrel::catalog

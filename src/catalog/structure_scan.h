@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,7 @@ struct Structure {
   std::uint8_t GetLength() const { return static_cast<std::uint8_t>(Formatted.size()); }
   // The offset right after the structure.
   std::size_t GetEnd() const;
+  bool HasStrings() const;
   // In order, so that string number 1 comes first. Only the first string may be empty.
   std::vector<std::string_view> GetStrings() const;
   // The same, one after the other, for a set of millions of strings.
@@ -53,19 +55,44 @@ enum class ScanStop {
   PastEnd,
 };
 
-struct TableScan {
-  std::vector<Structure> Structures;
+struct ScanEnd {
   ScanStop Stop = ScanStop::Complete;
   // The offset right after the last structure, at most the size of the table.
   std::size_t End = 0;
 };
 
+struct TableScan : ScanEnd {
+  std::vector<Structure> Structures;
+};
+
 // Finds the structures of a table by the rules of DMTF DSP0134, "Structure header format" and "Text
 // strings": the fields are as long as Length says, the strings end at the first pair of zeros after
 // them, and the next structure follows at once.
-TableScan ScanTable(std::span<const std::uint8_t> table, EndRule rule);
+class StructureScanner {
+ public:
+  // The bytes must outlive the scanner.
+  StructureScanner(std::span<const std::uint8_t> table, EndRule rule) : Table(table), Rule(rule) {}
+  // With the end rule of the table's entry point.
+  explicit StructureScanner(const SmbiosTable& table);
 
-// The same with the end rule of the table's entry point.
+  // The next structure, or nothing after the last one.
+  std::optional<Structure> Next();
+
+  // After the last structure.
+  const ScanEnd& GetEnd() const { return End; }
+
+ private:
+  bool IsAtEnd() const;
+
+  std::span<const std::uint8_t> Table;
+  EndRule Rule;
+  ScanEnd End;
+  std::size_t Count = 0;
+  std::optional<std::uint8_t> LastType;
+};
+
+// All structures of a table at once: 56 bytes for each.
+TableScan ScanTable(std::span<const std::uint8_t> table, EndRule rule);
 TableScan ScanTable(const SmbiosTable& table);
 
 }  // namespace kestrel::catalog

@@ -23,7 +23,10 @@ TEST(ConsoleTextTest, IsUtf8WithoutControlCharacters) {
       {"\x81\x8D\x8F\x90\x9D", "\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"},
   };
   for (const auto& test : cases) {
-    EXPECT_EQ(ToConsoleText(test.Text), test.Console);
+    TextOutput output;
+    WriteConsoleText(test.Text, output);
+    output.Finish();
+    EXPECT_EQ(output.GetText(), test.Console);
   }
 }
 

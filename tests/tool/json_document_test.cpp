@@ -19,7 +19,10 @@ std::string DocumentOf(const Bytes& bytes, SmbiosVersion version,
   table.EntryPoint.Version = version;
   table.EntryPoint.TableLength = static_cast<std::uint32_t>(bytes.size());
   table.Bytes = bytes;
-  return MakeJsonDocument(table, catalog::ScanTable(table), types);
+  TextOutput output;
+  WriteJsonDocument(table, {.Types = types}, output);
+  output.Finish();
+  return output.GetText();
 }
 
 // The document without line ends and indent.

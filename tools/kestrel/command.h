@@ -4,6 +4,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tools/kestrel/keyword_values.h"
@@ -21,6 +22,7 @@ inline constexpr unsigned kTakesNewFile = 8;    // FILE, and --force
 inline constexpr unsigned kTakesTypes = 16;     // --type N, any number of times
 inline constexpr unsigned kTakesHandle = 32;    // --handle H
 inline constexpr unsigned kTakesKeywords = 64;  // KEYWORD, any number of them
+inline constexpr unsigned kTakesLines = 128;    // --lines, and --images-from LIST
 
 struct CommandRun;
 
@@ -51,6 +53,10 @@ struct CommandLine {
   std::optional<std::uint16_t> Handle;
   // What values are wanted, in order.
   std::vector<const Keyword*> Keywords;
+  // One line of JSON for each table.
+  bool Lines = false;
+  // A list of images, to run on each of them; "-" is standard input.
+  std::optional<std::string> ImagesFrom;
   // Whether a file that is there may be overwritten, for a command that makes a new one.
   bool Force = false;
 };
@@ -59,6 +65,8 @@ struct CommandLine {
 struct CommandRun {
   const CommandLine& Line;
   const SmbiosTable& Table;
+  // The name that the table has in a list of images.
+  std::optional<std::string_view> NameInList = std::nullopt;
   // What a person should know besides, one line each.
   std::vector<std::string>& Warnings;
   // What the process returns once the text is written.

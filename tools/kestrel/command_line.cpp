@@ -136,6 +136,15 @@ void AddOptions(CLI::App& app, CommandLine& line) {
         ->required()
         ->type_name("");
   }
+  if ((options & kTakesLines) != 0) {
+    app.add_flag("--lines", line.Lines, "JSON on one line, without blanks");
+    app.add_option(
+           "--images-from", line.ImagesFrom,
+           "Images that a list names, one per line, - for standard input: a line of JSON each")
+        ->type_name("LIST")
+        ->excludes(app.get_option("--image"))
+        ->excludes(app.get_option("--sample"));
+  }
   if ((options & kTakesOutput) != 0) {
     app.add_option("-o,--output", line.Output, "Write to a file")->type_name("FILE");
   }
@@ -238,6 +247,7 @@ ParsedCommandLine ParseCommandLine(int argumentCount, const char* const* argumen
   } catch (const CLI::ParseError& error) {
     ThrowWrongUsage(error.what(), app.get_name());
   }
+  line.Lines = line.Lines || line.ImagesFrom;
   line.Source.MachineOnly = (line.Chosen->Options & kTakesSource) == 0;
   return parsed;
 }

@@ -1,6 +1,7 @@
 #include "tools/kestrel/commands.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -11,11 +12,14 @@
 #include "tools/kestrel/console_text.h"
 #include "tools/kestrel/dump.h"
 #include "tools/kestrel/fault_list.h"
+#include "tools/kestrel/image_list.h"
+#include "tools/kestrel/interruption.h"
 #include "tools/kestrel/json_document.h"
 #include "tools/kestrel/keyword_values.h"
 #include "tools/kestrel/library_view.h"
 #include "tools/kestrel/output.h"
 #include "tools/kestrel/overview_text.h"
+#include "tools/kestrel/progress.h"
 #include "tools/kestrel/structure_list.h"
 #include "tools/kestrel/structure_text.h"
 #include "tools/kestrel/tool_error.h"
@@ -37,7 +41,11 @@ LibraryView ReadAsLibrary(CommandRun& run) {
 
 void WriteReport(CommandRun& run, Output& output) {
   const std::string report = ReadAsLibrary(run).Reader->BuildTextReport();
-  output.Write(run.Line.Exact ? report : ToConsoleText(report));
+  if (run.Line.Exact) {
+    output.Write(report);
+  } else {
+    WriteConsoleText(report, output);
+  }
 }
 
 void WriteMif(CommandRun& run, Output& output) {
@@ -49,13 +57,13 @@ void WriteBios(CommandRun& run, Output& output) {
   if (text.empty()) {
     throw ToolError("the table has no BIOS Information: see what it has with 'kestrel list'");
   }
-  output.Write(ToConsoleText(text));
+  WriteConsoleText(text, output);
 }
 
 void WriteList(CommandRun& run, Output& output) {
   const LibraryView view = ViewAsLibrary(run.Table);
   Warn(run, NotesOnList(view.Scan, view.Comparison));
-  output.Write(ToConsoleText(ListStructures(view.Scan, view.Comparison)));
+  WriteConsoleText(ListStructures(view.Scan, view.Comparison), output);
 }
 
 void WriteCheck(CommandRun& run, Output& output) {
@@ -63,13 +71,19 @@ void WriteCheck(CommandRun& run, Output& output) {
   catalog::FaultList faults = catalog::FindFaults(run.Table, view.Scan);
   AddWalkFaults(faults, view.Comparison);
   run.Code = faults.HasErrors() ? ExitCode::FaultyTable : ExitCode::Done;
-  output.Write(ToConsoleText(ListFaults(faults)));
+  if (run.Line.Lines) {
+    const auto& image = run.Line.Source.Image;
+    WriteJsonFaults(faults, image ? std::optional<std::string_view>(*image) : run.NameInList,
+                    output);
+  } else {
+    WriteConsoleText(ListFaults(faults), output);
+  }
 }
 
 void WriteJson(CommandRun& run, Output& output) {
-  const catalog::TableScan scan = catalog::ScanTable(run.Table);
-  Warn(run, NotesOnEnd(scan));
-  output.Write(MakeJsonDocument(run.Table, scan, run.Line.Types));
+  const JsonOptions options = {
+      .OneLine = run.Line.Lines, .Source = run.NameInList, .Types = run.Line.Types};
+  Warn(run, NotesOnEnd(WriteJsonDocument(run.Table, options, output)));
 }
 
 SmbiosVersion MeantVersionOf(const SmbiosTable& table) {
@@ -155,9 +169,9 @@ constexpr Command kCommands[] = {
     {"bios", "Vendor, version and release date of the BIOS", kTakesSource, WriteBios},
     {"list", "A line per structure: offset, type, length, handle, name", kTakesSource, WriteList},
     {"json", "Every structure, decoded by the current standard, as JSON",
-     kTakesSource | kTakesTypes | kTakesOutput, WriteJson, kJsonSchema},
-    {"check", "A line per fault of the table; ends with 3 where there is an error", kTakesSource,
-     WriteCheck},
+     kTakesSource | kTakesTypes | kTakesLines | kTakesOutput, WriteJson, kJsonSchema},
+    {"check", "A line per fault of the table; ends with 3 where there is an error",
+     kTakesSource | kTakesLines, WriteCheck},
     {"save", "Save this machine's entry point and table, for --image to read", kTakesNewFile,
      WriteDump},
 };
@@ -170,22 +184,88 @@ std::unique_ptr<Output> OutputOf(const CommandLine& line) {
                                                      : MakeFileOutput(*line.Output);
 }
 
+void ComplainOf(const std::vector<std::string>& warnings, const std::string& name,
+                Complain complain) {
+  for (const std::string& warning : warnings) {
+    complain("warning: " + name + warning);
+  }
+}
+
+void RunOnSource(const CommandLine& line, Output& output, ExitCode& code, Complain complain) {
+  std::vector<std::string> warnings;
+  const SmbiosTable table = ReadSource(line.Source, warnings);
+  CommandRun run = {.Line = line, .Table = table, .Warnings = warnings};
+  line.Chosen->Run(run, output);
+  code = run.Code;
+  output.Finish();
+  ComplainOf(warnings, "", complain);
+}
+
+SmbiosTable ReadListed(const CommandLine& line, const std::string& name,
+                       std::vector<std::string>& warnings) {
+  if (name.find('\0') != std::string::npos) {
+    throw ToolError("no file has a zero byte in its name: mend the list");
+  }
+  SourceOptions source = line.Source;
+  source.Image = name;
+  return ReadSource(source, warnings);
+}
+
+// Runs the command on an image of a list, and returns what a process with this image alone would.
+ExitCode RunOnListed(const CommandLine& line, const std::string& name, Output& output,
+                     Progress& progress, Complain complain) {
+  std::vector<std::string> warnings;
+  SmbiosTable table;
+  try {
+    table = ReadListed(line, name, warnings);
+  } catch (const ToolError& error) {
+    progress.Hide();
+    WriteJsonError(name, error.what(), output);
+    output.Flush();
+    complain(error.what());
+    return error.GetCode();
+  }
+  progress.Hide();
+  CommandRun run = {.Line = line, .Table = table, .NameInList = name, .Warnings = warnings};
+  line.Chosen->Run(run, output);
+  output.Flush();
+  ComplainOf(warnings, "'" + name + "': ", complain);
+  return run.Code;
+}
+
+void RunOnList(const CommandLine& line, Output& output, ExitCode& code, Complain complain) {
+  ImageList list(*line.ImagesFrom);
+  Progress progress(ShowsProgress() ? list.Count() : std::nullopt);
+  DeferInterruption();
+  for (std::size_t count = 1; const auto name = list.Next(); ++count) {
+    const ExitCode codeOfThis = RunOnListed(line, *name, output, progress, complain);
+    // An image that cannot be used says more of the run than a faulty table.
+    if (code != ExitCode::Failed && codeOfThis != ExitCode::Done) {
+      code = codeOfThis;
+    }
+    progress.Show(count);
+  }
+  output.Finish();
+}
+
 }  // namespace
 
 std::span<const Command> GetCommands() { return kCommands; }
 
-CommandResult RunCommand(const CommandLine& line) {
-  std::vector<std::string> warnings;
-  const SmbiosTable table = ReadSource(line.Source, warnings);
-  CommandRun run = {.Line = line, .Table = table, .Warnings = warnings};
+ExitCode RunCommand(const CommandLine& line, Complain complain) {
   const std::unique_ptr<Output> output = OutputOf(line);
+  ExitCode code = ExitCode::Done;
   try {
-    line.Chosen->Run(run, *output);
-    output->Finish();
+    if (line.ImagesFrom) {
+      RunOnList(line, *output, code, complain);
+    } else {
+      RunOnSource(line, *output, code, complain);
+    }
   } catch (const ReaderGone&) {
     // Whoever stops reading has seen enough.
   }
-  return {run.Code, std::move(warnings)};
+  EndIfInterrupted();
+  return code;
 }
 
 }  // namespace kestrel

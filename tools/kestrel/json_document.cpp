@@ -1,263 +1,478 @@
 #include "tools/kestrel/json_document.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
-#include <utility>
+#include <array>
+#include <cstddef>
+#include <rapidjson/prettywriter.h>
+#include <rapidjson/writer.h>
+#include <string>
+#include <type_traits>
 #include <vector>
 
+#include "base/entry_point_layout.h"
+#include "base/table_cursor.h"
 #include "base/text.h"
 #include "catalog/decoder.h"
 #include "catalog/meant_version.h"
 #include "catalog/type_catalog.h"
 #include "catalog/uuid.h"
-#include "tools/kestrel/windows_1252.h"
+#include "tools/kestrel/json_text.h"
 
 namespace kestrel {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
 using catalog::DecodedField;
 using catalog::DecodedFields;
 using catalog::FieldKind;
 using catalog::Structure;
-using Strings = std::vector<std::string_view>;
 
-constexpr int kSchema = 1;
-constexpr std::size_t kIndent = 2;
+constexpr unsigned kSchema = 1;
+constexpr unsigned kIndent = 2;
+// How deep documents go at most.
+constexpr std::size_t kMostLevels = 16;
 
-// Keys within an object differ, so that there is no need to look for them.
-void Add(Json& object, std::string_view key, Json value) {
-  auto& members = object.get_ref<Json::object_t&>();
-  members.emplace_back(std::string(key), std::move(value));
-}
-
-Json TextOrNull(std::string_view text) { return text.empty() ? Json() : Json(std::string(text)); }
-
-std::string FromFirmware(std::string_view bytes) {
-  std::string text;
-  text.reserve(bytes.size());
-  for (const char byte : bytes) {
-    AppendUtf8(text, FromWindows1252(static_cast<unsigned char>(byte)));
-  }
-  return text;
-}
-
-void AppendHex(std::string& text, std::uint8_t byte, std::string_view digits) {
-  text.push_back(digits[byte >> 4]);
-  text.push_back(digits[byte & 0xFU]);
-}
-
-std::string HexOf(std::span<const std::uint8_t> bytes) {
-  std::string text;
-  text.reserve(2 * bytes.size());
-  for (const std::uint8_t byte : bytes) {
-    AppendHex(text, byte, "0123456789abcdef");
-  }
-  return text;
-}
-
-std::string TextOfCharacters(std::span<const std::uint8_t> bytes) {
-  return FromFirmware(std::string(bytes.begin(), bytes.end()));
-}
-
-void AddCode(Json& object, std::uint64_t value, std::span<const catalog::Code> codes) {
-  Add(object, "code", value);
-  Add(object, "text", TextOrNull(catalog::FindText(codes, value)));
-}
-
-Json CodeToJson(std::uint64_t value, std::span<const catalog::Code> codes) {
-  Json json = Json::object();
-  AddCode(json, value, codes);
-  return json;
-}
-
-Json BitsToJson(std::uint64_t value, std::span<const catalog::Bit> bits) {
-  Json set = Json::array();
-  for (const catalog::Bit& bit : bits) {
-    if ((value >> bit.Number & 1U) != 0) {
-      set.push_back(std::string(bit.Text));
-    }
-  }
-  Json json = Json::object();
-  Add(json, "value", value);
-  Add(json, "set", std::move(set));
-  return json;
-}
-
-Json PartsToJson(std::uint64_t whole, std::span<const catalog::Part> parts) {
-  Json json = Json::object();
-  Add(json, "value", whole);
-  for (const catalog::Part& part : parts) {
-    const std::uint64_t value = ValueOf(part, whole);
-    if (part.Key.empty()) {
-      AddCode(json, value, part.Codes);
-    } else if (part.Kind == catalog::PartKind::Code) {
-      Add(json, part.Key, CodeToJson(value, part.Codes));
-    } else {
-      Add(json, part.Key, part.Kind == catalog::PartKind::Flag ? Json(value != 0) : Json(value));
-    }
-  }
-  return json;
-}
-
-Json QuantityToJson(const DecodedField& field) {
-  return field.Definition->Conversion.IsSigned ? Json(static_cast<std::int64_t>(field.Number))
-                                               : Json(field.Number);
-}
-
-// Turns the fields of one structure into JSON.
-class FieldWriter {
+// An output, as RapidJSON wants to write to it.
+class JsonStream {
  public:
-  FieldWriter(SmbiosVersion version, const Json& strings) : Version(version), Strings(strings) {}
+  using Ch = char;
 
-  Json ObjectOf(const DecodedFields& fields) const {
-    Json json = Json::object();
-    for (const DecodedField& field : fields) {
-      Add(json, field.Definition->Key, ValueOf(field));
-    }
-    return json;
+  explicit JsonStream(Output& output) : Target(output) {}
+
+  void Put(char character) { Target.Write(character); }
+  void Put(std::string_view text) { Target.Write(text); }
+  // What is held back at the end of a document is passed on by those who know what follows it.
+  void Flush() const {}
+
+ private:
+  Output& Target;
+};
+
+// RapidJSON takes this for an indent; its own puts one blank after the other, which costs 6%.
+void PutN(JsonStream& stream, char character, std::size_t count) {
+  constexpr std::string_view kBlanks = "                                ";
+  static_assert(kBlanks.size() >= kIndent * kMostLevels);
+  static_cast<void>(character);
+  stream.Put(kBlanks.substr(0, count));
+}
+
+// Room for the levels of a document. RapidJSON does not look whether it gets memory, so it has to
+// get none.
+using LevelRoom = std::array<std::size_t, 256>;
+using LevelAllocator = rapidjson::MemoryPoolAllocator<>;
+using Utf8 = rapidjson::UTF8<>;
+
+// A writer of RapidJSON that copies texts instead of writing them byte by byte, which costs 20%.
+template <typename Base, bool IsIndented>
+class TextWriter : public Base {
+ public:
+  using Base::Base;
+
+  // A text without anything to escape.
+  bool PlainText(std::string_view text) {
+    Begin();
+    this->os_->Put('"');
+    this->os_->Put(text);
+    this->os_->Put('"');
+    return true;
+  }
+  // A text that is quoted and escaped already.
+  bool QuotedText(std::string_view text) {
+    Begin();
+    this->os_->Put(text);
+    return true;
   }
 
  private:
-  Json ValueOf(const DecodedField& field) const {
-    if (!field.IsKnown) {
-      return {};
+  void Begin() {
+    if constexpr (IsIndented) {
+      this->PrettyPrefix(rapidjson::kStringType);
+    } else {
+      this->Prefix(rapidjson::kStringType);
     }
-    const catalog::Field& definition = *field.Definition;
-    switch (definition.Kind) {
-      case FieldKind::Number:
-      case FieldKind::Handle:
-      case FieldKind::Reserved:
-        break;
-      case FieldKind::String:
-        return StringOf(field.Number);
-      case FieldKind::Code:
-        return CodeToJson(field.Number, definition.Codes);
-      case FieldKind::Bits:
-        return BitsToJson(field.Number, definition.Bits);
-      case FieldKind::Parts:
-        return PartsToJson(field.Number, definition.Parts);
-      case FieldKind::Uuid:
-        return catalog::TextOfUuid(field.Bytes, Version);
-      case FieldKind::Characters:
-        return TextOfCharacters(field.Bytes);
-      case FieldKind::Bytes:
-        return HexOf(field.Bytes);
-      case FieldKind::List:
-        return ListOf(field);
-      case FieldKind::Quantity:
-        return QuantityToJson(field);
-    }
-    return field.Number;
   }
-
-  Json StringOf(std::uint64_t number) const {
-    return number == 0 || number > Strings.size() ? Json()
-                                                  : Strings[static_cast<std::size_t>(number) - 1];
-  }
-
-  Json ListOf(const DecodedField& field) const {
-    Json json = Json::array();
-    for (const DecodedFields& entry : field.Entries) {
-      const bool isPlain = field.Definition->Entries->Fields.front().Key.empty();
-      json.push_back(isPlain ? ValueOf(entry.front()) : ObjectOf(entry));
-    }
-    return json;
-  }
-
-  SmbiosVersion Version;
-  const Json& Strings;
 };
 
-Json ToJson(const Structure& structure, SmbiosVersion version) {
-  Json strings = Json::array();
-  for (const std::string_view text : structure.GetStrings()) {
-    strings.push_back(FromFirmware(text));
-  }
-  Json fields = Json::object();
-  if (const auto* type = catalog::FindStructureType(structure.Type)) {
-    fields = FieldWriter(version, strings).ObjectOf(catalog::DecodeFields(structure, *type));
-  }
-  Json json = Json::object();
-  Add(json, "offset", structure.Offset);
-  Add(json, "handle", structure.Handle);
-  Add(json, "type", structure.Type);
-  Add(json, "name", TextOrNull(catalog::GetTypeName(structure.Type)));
-  Add(json, "length", structure.GetLength());
-  Add(json, "fields", std::move(fields));
-  Add(json, "strings", std::move(strings));
-  Add(json, "data", HexOf(structure.Formatted));
-  return json;
-}
+using LineWriter = TextWriter<rapidjson::Writer<JsonStream, Utf8, Utf8, LevelAllocator>, false>;
+using IndentedWriter =
+    TextWriter<rapidjson::PrettyWriter<JsonStream, Utf8, Utf8, LevelAllocator>, true>;
 
-// Appends a value that stands `depth` levels deep. Control characters that JSON would let through
-// are escaped like the others: DEL, and those at 80h to 9Fh, which start with C2h in UTF-8.
-void AppendJson(std::string& text, const Json& json, std::size_t depth) {
-  const std::string dumped = json.dump(int{kIndent});
-  for (std::size_t index = 0; index < dumped.size(); ++index) {
-    const auto byte = static_cast<unsigned char>(dumped[index]);
-    const auto next = static_cast<unsigned char>(dumped[std::min(index + 1, dumped.size() - 1)]);
-    if (byte == '\n') {
-      text.push_back('\n');
-      text.append(kIndent * depth, ' ');
-    } else if (byte == 0x7F) {
-      text.append("\\u007f");
-    } else if (byte == 0xC2 && next < 0xA0) {
-      text.append("\\u00");
-      AppendHex(text, next, "0123456789abcdef");
-      ++index;
-    } else {
-      text.push_back(dumped[index]);
+// The strings of a structure as JSON, each converted once however many fields name it.
+class QuotedStrings {
+ public:
+  void Set(const Structure& structure) {
+    Quoted.clear();
+    Starts.clear();
+    if (!structure.HasStrings()) {
+      return;
+    }
+    // Six bytes for each of a string's own, and three for the zero that ends it: the text never
+    // grows into another one. Room that stays unused is never touched.
+    Quoted.reserve(6 * structure.StringSet.size());
+    TableCursor cursor(structure.StringSet);
+    while (!cursor.IsAtEnd()) {
+      if (Starts.size() < kMostNamed) {
+        Starts.push_back(Quoted.size());
+      }
+      AppendQuotedFirmwareText(Quoted, cursor.String());
+      Quoted.push_back(kEnd);
+      cursor.SkipString();
     }
   }
-}
 
-std::string TextOfVersion(SmbiosVersion version) {
-  std::string text;
-  Append(text, {Decimal(version.Major), ".", Decimal(version.Minor)});
-  return text;
-}
+  // Empty for number 0, and for a number beyond the set.
+  std::string_view Get(std::uint64_t number) const {
+    return number == 0 || number > Starts.size()
+               ? std::string_view()
+               : FirstOf(GetAll().substr(Starts[static_cast<std::size_t>(number) - 1]));
+  }
 
-Json AnchorOf(EntryPointKind kind) {
+  // All of them, one after the other.
+  std::string_view GetAll() const { return Quoted; }
+  static std::string_view TakeFirst(std::string_view& all) {
+    const std::string_view first = FirstOf(all);
+    all.remove_prefix(first.size() + 1);
+    return first;
+  }
+
+ private:
+  // No JSON string has one inside.
+  static constexpr char kEnd = '\n';
+  // A string's number is a byte.
+  static constexpr std::size_t kMostNamed = 255;
+
+  static std::string_view FirstOf(std::string_view all) { return all.substr(0, all.find(kEnd)); }
+
+  std::string Quoted;
+  std::vector<std::size_t> Starts;
+};
+
+// Writes documents by a writer of RapidJSON.
+template <typename Writer>
+class DocumentWriter {
+ public:
+  explicit DocumentWriter(Output& output)
+      : Stream(output), Levels(Room.data(), sizeof(Room)), Json(Stream, &Levels) {
+    if constexpr (std::is_same_v<Writer, IndentedWriter>) {
+      Json.SetIndent(' ', kIndent);
+    }
+  }
+
+  catalog::ScanEnd WriteTable(const SmbiosTable& table, const JsonOptions& options) {
+    Version = catalog::MeantVersion(table.EntryPoint.Version);
+    Start();
+    if (options.Source) {
+      Utf8("source", *options.Source);
+    }
+    WriteEntryPoint(table.EntryPoint);
+    Key("structures");
+    Json.StartArray();
+    catalog::StructureScanner scanner(table);
+    while (const auto structure = scanner.Next()) {
+      const auto types = options.Types;
+      if (types.empty() || std::find(types.begin(), types.end(), structure->Type) != types.end()) {
+        WriteStructure(*structure);
+      }
+    }
+    Json.EndArray();
+    End();
+    return scanner.GetEnd();
+  }
+
+  void WriteFaults(const catalog::FaultList& faults, std::optional<std::string_view> source) {
+    Start();
+    if (source) {
+      Utf8("source", *source);
+    } else {
+      Key("source");
+      Json.Null();
+    }
+    Key("faults");
+    Json.StartArray();
+    for (const catalog::Fault& fault : faults.GetFaults()) {
+      WriteFault(fault);
+    }
+    Json.EndArray();
+    End();
+  }
+
+  void WriteError(std::string_view source, std::string_view message) {
+    Start();
+    Utf8("source", source);
+    Utf8("error", message);
+    End();
+  }
+
+ private:
+  void Start() {
+    Json.StartObject();
+    Number("schema", kSchema);
+  }
+  void End() {
+    Json.EndObject();
+    Stream.Put('\n');
+  }
+
+  static rapidjson::SizeType SizeOf(std::string_view text) {
+    return static_cast<rapidjson::SizeType>(text.size());
+  }
+
+  void Key(std::string_view key) { Json.PlainText(key); }
+  void Number(std::string_view key, std::uint64_t value) {
+    Key(key);
+    Json.Uint64(value);
+  }
+  template <typename Integer>
+  void NumberOrNull(std::string_view key, const std::optional<Integer>& value) {
+    Key(key);
+    value ? Json.Uint64(*value) : Json.Null();
+  }
+  // A text of the tool's own; null where it is empty.
+  void TextOrNull(std::string_view text) {
+    text.empty() ? Json.Null() : Json.String(text.data(), SizeOf(text));
+  }
+  // A JSON string; null where there is none.
+  void QuotedOrNull(std::string_view quoted) {
+    quoted.empty() ? Json.Null() : Json.QuotedText(quoted);
+  }
+  void Utf8(std::string_view key, std::string_view text) {
+    Key(key);
+    Scratch.clear();
+    AppendQuotedUtf8(Scratch, text);
+    QuotedOrNull(Scratch);
+  }
+  void Hex(std::span<const std::uint8_t> bytes) {
+    Scratch.clear();
+    AppendQuotedHex(Scratch, bytes);
+    QuotedOrNull(Scratch);
+  }
+
+  void WriteEntryPoint(const EntryPointFacts& entryPoint);
+  void WriteFault(const catalog::Fault& fault);
+  void WriteStructure(const Structure& structure);
+  void WriteFields(const DecodedFields& fields);
+  void WriteValue(const DecodedField& field);
+  void WriteCodeMembers(std::uint64_t value, std::span<const catalog::Code> codes);
+  void WriteCode(std::uint64_t value, std::span<const catalog::Code> codes);
+  void WriteBits(std::uint64_t value, std::span<const catalog::Bit> bits);
+  void WriteParts(std::uint64_t whole, std::span<const catalog::Part> parts);
+  void WriteCharacters(std::span<const std::uint8_t> bytes);
+  void WriteList(const DecodedField& field);
+
+  JsonStream Stream;
+  LevelRoom Room;
+  LevelAllocator Levels;
+  Writer Json;
+  SmbiosVersion Version;
+  QuotedStrings Strings;
+  std::string Scratch;
+};
+
+std::string_view AnchorOf(EntryPointKind kind) {
   switch (kind) {
     case EntryPointKind::None:
       break;
     case EntryPointKind::Bits32:
-      return "_SM_";
+      return entry_point32::kAnchor;
     case EntryPointKind::Bits64:
-      return "_SM3_";
+      return entry_point64::kAnchor;
   }
   return {};
 }
 
-}  // namespace
+template <typename Writer>
+void DocumentWriter<Writer>::WriteEntryPoint(const EntryPointFacts& entryPoint) {
+  Key("smbios");
+  Json.StartObject();
+  Key("version");
+  TextOrNull(Join({Decimal(entryPoint.Version.Major), ".", Decimal(entryPoint.Version.Minor)}));
+  Key("entry_point");
+  TextOrNull(AnchorOf(entryPoint.Kind));
+  Number("table_length", entryPoint.TableLength);
+  Json.EndObject();
+}
 
-std::string MakeJsonDocument(const SmbiosTable& table, const catalog::TableScan& scan,
-                             std::span<const std::uint8_t> types) {
-  const EntryPointFacts& entryPoint = table.EntryPoint;
-  Json smbios = Json::object();
-  Add(smbios, "version", TextOfVersion(entryPoint.Version));
-  Add(smbios, "entry_point", AnchorOf(entryPoint.Kind));
-  Add(smbios, "table_length", entryPoint.TableLength);
+template <typename Writer>
+void DocumentWriter<Writer>::WriteFault(const catalog::Fault& fault) {
+  Json.StartObject();
+  NumberOrNull("offset", fault.Place.Offset);
+  NumberOrNull("type", fault.Place.Type);
+  NumberOrNull("handle", fault.Place.Handle);
+  Key("severity");
+  TextOrNull(fault.Severity == catalog::FaultSeverity::Error ? "error" : "remark");
+  Key("text");
+  TextOrNull(fault.Text);
+  Json.EndObject();
+}
 
-  // One structure at a time, since a tree of all would take many times the room of the text.
-  std::string text;
-  Append(text, {"{\n  \"schema\": ", Decimal(kSchema), ",\n  \"smbios\": "});
-  AppendJson(text, smbios, 1);
-  text.append(",\n  \"structures\": [");
-  std::string_view separator = "\n    ";
-  for (const Structure& structure : scan.Structures) {
-    const bool isWanted =
-        types.empty() || std::find(types.begin(), types.end(), structure.Type) != types.end();
-    if (isWanted) {
-      text.append(separator);
-      AppendJson(text, ToJson(structure, catalog::MeantVersion(entryPoint.Version)), 2);
-      separator = ",\n    ";
+template <typename Writer>
+void DocumentWriter<Writer>::WriteStructure(const Structure& structure) {
+  Strings.Set(structure);
+  Json.StartObject();
+  Number("offset", structure.Offset);
+  Number("handle", structure.Handle);
+  Number("type", structure.Type);
+  Key("name");
+  TextOrNull(catalog::GetTypeName(structure.Type));
+  Number("length", structure.GetLength());
+  Key("fields");
+  const auto* type = catalog::FindStructureType(structure.Type);
+  WriteFields(type != nullptr ? catalog::DecodeFields(structure, *type) : DecodedFields());
+  Key("strings");
+  Json.StartArray();
+  for (std::string_view strings = Strings.GetAll(); !strings.empty();) {
+    QuotedOrNull(QuotedStrings::TakeFirst(strings));
+  }
+  Json.EndArray();
+  Key("data");
+  Hex(structure.Formatted);
+  Json.EndObject();
+}
+
+template <typename Writer>
+void DocumentWriter<Writer>::WriteFields(const DecodedFields& fields) {
+  Json.StartObject();
+  for (const DecodedField& field : fields) {
+    Key(field.Definition->Key);
+    WriteValue(field);
+  }
+  Json.EndObject();
+}
+
+template <typename Writer>
+void DocumentWriter<Writer>::WriteValue(const DecodedField& field) {
+  if (!field.IsKnown) {
+    Json.Null();
+    return;
+  }
+  const catalog::Field& definition = *field.Definition;
+  switch (definition.Kind) {
+    case FieldKind::Number:
+    case FieldKind::Handle:
+    case FieldKind::Reserved:
+      Json.Uint64(field.Number);
+      break;
+    case FieldKind::String:
+      QuotedOrNull(Strings.Get(field.Number));
+      break;
+    case FieldKind::Code:
+      WriteCode(field.Number, definition.Codes);
+      break;
+    case FieldKind::Bits:
+      WriteBits(field.Number, definition.Bits);
+      break;
+    case FieldKind::Parts:
+      WriteParts(field.Number, definition.Parts);
+      break;
+    case FieldKind::Uuid:
+      Json.PlainText(catalog::TextOfUuid(field.Bytes, Version));
+      break;
+    case FieldKind::Characters:
+      WriteCharacters(field.Bytes);
+      break;
+    case FieldKind::Bytes:
+      Hex(field.Bytes);
+      break;
+    case FieldKind::List:
+      WriteList(field);
+      break;
+    case FieldKind::Quantity:
+      definition.Conversion.IsSigned ? Json.Int64(static_cast<std::int64_t>(field.Number))
+                                     : Json.Uint64(field.Number);
+      break;
+  }
+}
+
+template <typename Writer>
+void DocumentWriter<Writer>::WriteCodeMembers(std::uint64_t value,
+                                              std::span<const catalog::Code> codes) {
+  Number("code", value);
+  Key("text");
+  TextOrNull(catalog::FindText(codes, value));
+}
+
+template <typename Writer>
+void DocumentWriter<Writer>::WriteCode(std::uint64_t value, std::span<const catalog::Code> codes) {
+  Json.StartObject();
+  WriteCodeMembers(value, codes);
+  Json.EndObject();
+}
+
+template <typename Writer>
+void DocumentWriter<Writer>::WriteBits(std::uint64_t value, std::span<const catalog::Bit> bits) {
+  Json.StartObject();
+  Number("value", value);
+  Key("set");
+  Json.StartArray();
+  for (const catalog::Bit& bit : bits) {
+    if ((value >> bit.Number & 1U) != 0) {
+      TextOrNull(bit.Text);
     }
   }
-  text.append(separator.front() == ',' ? "\n  ]\n}\n" : "]\n}\n");
-  return text;
+  Json.EndArray();
+  Json.EndObject();
+}
+
+template <typename Writer>
+void DocumentWriter<Writer>::WriteParts(std::uint64_t whole, std::span<const catalog::Part> parts) {
+  Json.StartObject();
+  Number("value", whole);
+  for (const catalog::Part& part : parts) {
+    const std::uint64_t value = ValueOf(part, whole);
+    if (part.Key.empty()) {
+      WriteCodeMembers(value, part.Codes);
+      continue;
+    }
+    Key(part.Key);
+    switch (part.Kind) {
+      case catalog::PartKind::Number:
+        Json.Uint64(value);
+        break;
+      case catalog::PartKind::Flag:
+        Json.Bool(value != 0);
+        break;
+      case catalog::PartKind::Code:
+        WriteCode(value, part.Codes);
+        break;
+    }
+  }
+  Json.EndObject();
+}
+
+template <typename Writer>
+void DocumentWriter<Writer>::WriteCharacters(std::span<const std::uint8_t> bytes) {
+  // Text and bytes share their storage; char may alias any object.
+  const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  Scratch.clear();
+  AppendQuotedFirmwareText(Scratch, text);
+  QuotedOrNull(Scratch);
+}
+
+template <typename Writer>
+void DocumentWriter<Writer>::WriteList(const DecodedField& field) {
+  const bool isPlain = field.Definition->Entries->Fields.front().Key.empty();
+  Json.StartArray();
+  for (const DecodedFields& entry : field.Entries) {
+    isPlain ? WriteValue(entry.front()) : WriteFields(entry);
+  }
+  Json.EndArray();
+}
+
+}  // namespace
+
+catalog::ScanEnd WriteJsonDocument(const SmbiosTable& table, const JsonOptions& options,
+                                   Output& output) {
+  return options.OneLine ? DocumentWriter<LineWriter>(output).WriteTable(table, options)
+                         : DocumentWriter<IndentedWriter>(output).WriteTable(table, options);
+}
+
+void WriteJsonFaults(const catalog::FaultList& faults, std::optional<std::string_view> source,
+                     Output& output) {
+  DocumentWriter<LineWriter>(output).WriteFaults(faults, source);
+}
+
+void WriteJsonError(std::string_view source, std::string_view message, Output& output) {
+  DocumentWriter<LineWriter>(output).WriteError(source, message);
 }
 
 }  // namespace kestrel

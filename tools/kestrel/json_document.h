@@ -1,20 +1,44 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
-#include <string>
+#include <string_view>
 
 #include "base/smbios_table.h"
+#include "catalog/faults.h"
 #include "catalog/structure_scan.h"
+#include "tools/kestrel/output.h"
 
 namespace kestrel {
 
-// The JSON document of a table: UTF-8, indented by two blanks, lines that end in "\n", the same
-// bytes for the same table on every system. With `types`, only structures of those.
+// How the JSON of a table is written, and what of it.
+struct JsonOptions {
+  // On one line without blanks, instead of indented by two.
+  bool OneLine = false;
+  // The name that the table came by, where that is a part of the document. See WriteSource.
+  std::optional<std::string_view> Source = std::nullopt;
+  // Only structures of these types; all where there are none.
+  std::span<const std::uint8_t> Types = {};
+};
+
+// All JSON is UTF-8 and ends in "\n", the same bytes for the same table on every system. Control
+// characters are escaped, DEL and those from 80h to 9Fh like the others. What is not UTF-8 in a
+// name or a message becomes U+FFFD.
+
+// Writes the document of a table, and returns where and why its structures end. Takes little room
+// besides the table: at most six times what the strings of one structure take.
 //
-// The text has at most 760 times as many bytes as the table, where 125 fields name one string of
-// control characters; without such strings 140 times, and of real tables some 30 times.
-std::string MakeJsonDocument(const SmbiosTable& table, const catalog::TableScan& scan,
-                             std::span<const std::uint8_t> types);
+// The document has at most 760 times as many bytes as the table, where 125 fields name one string
+// of control characters; without such strings 140 times, and of real tables some 30 times.
+catalog::ScanEnd WriteJsonDocument(const SmbiosTable& table, const JsonOptions& options,
+                                   Output& output);
+
+// Writes the faults of a table on one line. The source is null without a name.
+void WriteJsonFaults(const catalog::FaultList& faults, std::optional<std::string_view> source,
+                     Output& output);
+
+// Writes on one line why there is no table to be had from a source.
+void WriteJsonError(std::string_view source, std::string_view message, Output& output);
 
 }  // namespace kestrel

@@ -38,11 +38,7 @@ ExitCode Try(int argumentCount, const char* const* arguments) {
     output->Finish();
     return ExitCode::Done;
   }
-  const kestrel::CommandResult result = kestrel::RunCommand(parsed.Line);
-  for (const std::string& warning : result.Warnings) {
-    Complain("warning: " + warning);
-  }
-  return result.Code;
+  return kestrel::RunCommand(parsed.Line, Complain);
 }
 
 // Ends the process from where it stands: the way back leads through destructors and streams of

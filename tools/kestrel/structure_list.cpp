@@ -48,13 +48,13 @@ std::vector<std::string> NotesOnList(const catalog::TableScan& scan,
   return notes;
 }
 
-std::vector<std::string> NotesOnEnd(const catalog::TableScan& scan) {
+std::vector<std::string> NotesOnEnd(const catalog::ScanEnd& end) {
   std::vector<std::string> notes;
-  if (scan.Stop != catalog::ScanStop::Complete) {
+  if (end.Stop != catalog::ScanStop::Complete) {
     Append(notes.emplace_back(),
-           {"the structures end at ", Hex(scan.End, 4), "h: another one there would ",
-            scan.Stop == catalog::ScanStop::PastEnd ? "go past the end of the table"
-                                                    : "have a Length below 4"});
+           {"the structures end at ", Hex(end.End, 4), "h: another one there would ",
+            end.Stop == catalog::ScanStop::PastEnd ? "go past the end of the table"
+                                                   : "have a Length below 4"});
   }
   return notes;
 }

@@ -19,6 +19,6 @@ std::vector<std::string> NotesOnList(const catalog::TableScan& scan,
                                      const WalkComparison& comparison);
 
 // Where the structures end although the table does not, if they do, as one line.
-std::vector<std::string> NotesOnEnd(const catalog::TableScan& scan);
+std::vector<std::string> NotesOnEnd(const catalog::ScanEnd& end);
 
 }  // namespace kestrel
