@@ -74,14 +74,36 @@ bool IsHarmless(const std::string& text) {
   });
 }
 
+// Whether each element that is opened is closed. "<" stands in a page for nothing else.
+bool IsWellFormed(std::string_view page) {
+  std::vector<std::string_view> open;
+  for (std::size_t start = page.find('<'); start != std::string_view::npos;
+       start = page.find('<', start + 1)) {
+    const std::string_view tag =
+        page.substr(start + 1, page.find_first_of(" >", start) - start - 1);
+    if (tag.starts_with('!') || tag == "meta") {
+      continue;
+    }
+    if (!tag.starts_with('/')) {
+      open.push_back(tag);
+    } else if (open.empty() || open.back() != tag.substr(1)) {
+      return false;
+    } else {
+      open.pop_back();
+    }
+  }
+  return open.empty();
+}
+
 void CheckTexts(const Texts& texts, std::size_t tableSize) {
   for (const auto& [name, text] : texts) {
     // The report believes a count of 255 entries although there are no bytes of them.
     const std::size_t perByte = name == "report" ? 8192 : 760;
-    const std::size_t frame = name == "mif" ? 65536 : 1024;
+    const std::size_t frame = name == "mif" ? 65536 : name == "html" ? 16384 : 1024;
     Require(text.size() <= frame + perByte * tableSize, name + " is too long");
     Require(name == "mif" || name == "save" || IsHarmless(text), name + " can drive a terminal");
   }
+  Require(IsWellFormed(texts.at("html")), "an element is not closed");
 }
 
 void CheckJson(const std::string& json, const std::string& list) {
@@ -103,7 +125,8 @@ void CheckDump(const SmbiosTable& table, Texts texts) {
     // The dump has an entry point, which JSON tells, and whose count hides what is after the last
     // structure.
     std::erase_if(texts, [](const auto& text) {
-      return text.first == "json" || text.first == "check" || text.first == "warnings";
+      return text.first == "json" || text.first == "check" || text.first == "html" ||
+             text.first == "overview" || text.first == "warnings";
     });
   }
   Texts again = Render(image.Source.Table);

@@ -58,6 +58,18 @@ std::string_view StructureFields::GetCodeText(std::string_view key) const {
   return FindText(field->Definition->Codes, field->Number);
 }
 
+std::string_view StructureFields::GetPartText(std::string_view key, std::string_view part) const {
+  const DecodedField* field = Find(key);
+  if (field != nullptr) {
+    for (const Part& known : field->Definition->Parts) {
+      if (known.Key == part) {
+        return FindText(known.Codes, ValueOf(known, field->Number));
+      }
+    }
+  }
+  return {};
+}
+
 std::optional<bool> StructureFields::GetBit(std::string_view key, std::uint8_t bit) const {
   const std::optional<std::uint64_t> number = GetNumber(key);
   return number ? std::optional((*number >> bit & 1U) != 0) : std::nullopt;

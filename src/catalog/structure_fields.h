@@ -29,6 +29,8 @@ class StructureFields {
   std::string_view GetCharacters(std::string_view key) const;
   // The published text of a code, also of one that shares its field with flags.
   std::string_view GetCodeText(std::string_view key) const;
+  // The published text of a code among several values in the field.
+  std::string_view GetPartText(std::string_view key, std::string_view part) const;
   // Whether a bit of the field is set.
   std::optional<bool> GetBit(std::string_view key, std::uint8_t bit) const;
 

@@ -91,6 +91,7 @@ class SameText {
 
 MemoryDeviceFacts DeviceOf(const StructureFields& fields) {
   return {
+      .Array = fields.GetNumber("physical_memory_array_handle"),
       .Locator = PlaceOf(fields, "device_locator"),
       .Bank = PlaceOf(fields, "bank_locator"),
       .SizeBytes = fields.GetQuantity("size_bytes"),
@@ -124,6 +125,7 @@ MemoryDeviceFacts ModuleOf(const StructureFields& fields) {
   constexpr std::uint8_t kStandard = 2, kFastPageMode = 3, kEdo = 4, kSimm = 7, kDimm = 8,
                          kBurstEdo = 9, kSdram = 10;
   return {
+      .Array = {},
       .Locator = PlaceOf(fields, "socket_designation"),
       .Bank = {},
       .SizeBytes = fields.GetQuantity("installed_size_bytes"),

@@ -85,6 +85,8 @@ struct MemoryFacts {
 };
 
 struct MemoryDeviceFacts {
+  // The handle of the array that has the device, or the slot.
+  std::optional<std::uint64_t> Array;
   std::string_view Locator;
   std::string_view Bank;
   // 0 for an empty slot.

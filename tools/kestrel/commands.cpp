@@ -12,6 +12,7 @@
 #include "tools/kestrel/console_text.h"
 #include "tools/kestrel/dump.h"
 #include "tools/kestrel/fault_list.h"
+#include "tools/kestrel/html_page.h"
 #include "tools/kestrel/image_list.h"
 #include "tools/kestrel/interruption.h"
 #include "tools/kestrel/json_document.h"
@@ -102,6 +103,14 @@ void WriteOverview(CommandRun& run, Output& output) {
   output.Write(text);
 }
 
+void WriteHtml(CommandRun& run, Output& output) {
+  const LibraryView view = ViewAsLibrary(run.Table);
+  catalog::FaultList faults = catalog::FindFaults(run.Table, view.Scan);
+  AddWalkFaults(faults, view.Comparison);
+  Warn(run, NotesOnEnd(view.Scan));
+  WriteHtmlPage(run.Table, view.Scan, faults, output);
+}
+
 bool IsWanted(std::span<const std::uint8_t> types, std::uint8_t type) {
   return types.empty() || std::find(types.begin(), types.end(), type) != types.end();
 }
@@ -164,6 +173,8 @@ constexpr Command kCommands[] = {
     {"show", "Every structure in words, by the current standard",
      kTakesSource | kTakesTypes | kTakesHandle | kTakesOutput, WriteShow},
     {"get", "Single values, for scripts", kTakesSource | kTakesKeywords, WriteValues},
+    {"html", "A page for a browser, with drawings, as one file", kTakesSource | kTakesOutput,
+     WriteHtml},
     {"report", "The text report", kTakesSource | kTakesExact | kTakesOutput, WriteReport},
     {"mif", "The MIF document, as consoles read it", kTakesSource | kTakesOutput, WriteMif},
     {"bios", "Vendor, version and release date of the BIOS", kTakesSource, WriteBios},

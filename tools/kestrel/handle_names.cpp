@@ -58,10 +58,14 @@ const catalog::Structure* HandleNames::Find(std::uint16_t handle) const {
 const std::string& HandleNames::NameOf(const catalog::Structure& structure) {
   std::string& name = Names[structure.Offset];
   if (name.empty()) {
-    const std::string designation = TextOfFirmware(DesignationOf(structure));
-    name = Join({TitleOfType(structure.Type), designation.empty() ? "" : ", ", designation});
+    name = MakeNameOf(structure);
   }
   return name;
+}
+
+std::string MakeNameOf(const catalog::Structure& structure) {
+  const std::string designation = TextOfFirmware(DesignationOf(structure));
+  return Join({TitleOfType(structure.Type), designation.empty() ? "" : ", ", designation});
 }
 
 std::string_view TitleOfType(std::uint8_t type) {

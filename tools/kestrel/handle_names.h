@@ -27,6 +27,9 @@ class HandleNames {
   std::unordered_map<std::size_t, std::string> Names;
 };
 
+// What HandleNames calls a structure.
+std::string MakeNameOf(const catalog::Structure& structure);
+
 // The name of a type, "Unknown" where nobody published one.
 std::string_view TitleOfType(std::uint8_t type);
 
