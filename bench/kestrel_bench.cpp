@@ -4,8 +4,8 @@
 //
 // Of each it prints the time, the time per byte of the table and of the text, the bytes per second
 // of both, the size of the text, and how often a memcpy of the text would fit into the time,
-// measured in the same run: warm, from cache to cache, and cold, through memory. The ratios are what
-// is worth comparing from machine to machine.
+// measured in the same run: warm, from cache to cache, and cold, through memory. The ratios are
+// what is worth comparing from machine to machine.
 
 #include <algorithm>
 #include <benchmark/benchmark.h>

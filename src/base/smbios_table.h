@@ -24,8 +24,8 @@ enum class EntryPointKind : std::uint8_t {
 // structure".
 struct EntryPointFacts {
   EntryPointKind Kind = EntryPointKind::None;
-  // The entry point itself, at most 32 bytes, as the firmware wrote it. A 32-bit one of 30 bytes has
-  // the byte that it lacks: the one that makes its intermediate checksum right.
+  // The entry point itself, at most 32 bytes, as the firmware wrote it. A 32-bit one of 30 bytes
+  // has the byte that it lacks: the one that makes its intermediate checksum right.
   std::vector<std::uint8_t> Bytes;
   SmbiosVersion Version;
   // Where the table lies in the memory, or the file, that the entry point belongs to.
