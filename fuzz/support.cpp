@@ -29,7 +29,7 @@ void SetMemoryFiles(std::vector<MemoryFile> files) { Files() = std::move(files);
 
 FileReader::~FileReader() { Descriptor = -1; }
 
-bool FileReader::Open(const std::string& path) {
+bool FileReader::Open(const std::filesystem::path& path) {
   const auto file = std::find_if(Files().begin(), Files().end(),
                                  [&](const MemoryFile& other) { return other.Path == path; });
   if (file == Files().end()) {
@@ -57,9 +57,12 @@ std::vector<std::uint8_t> FileReader::Read(std::uint64_t offset, std::size_t cou
   return bytes;
 }
 
-bool IsFolder(const std::string& path) {
+// No target reads it.
+bool FileReader::OpenStandardInput() { return false; }
+
+bool IsFolder(const std::filesystem::path& path) {
   return std::any_of(Files().begin(), Files().end(),
-                     [&](const MemoryFile& file) { return file.Path.starts_with(path + "/"); });
+                     [&](const MemoryFile& file) { return file.Path.parent_path() == path; });
 }
 
 }  // namespace kestrel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <span>
 #include <string>
 #include <vector>
@@ -12,14 +13,14 @@ void Require(bool holds, const std::string& expectation);
 
 // A file of `Size` bytes that has `Bytes` from the offset `Start` on, and zeros elsewhere.
 struct MemoryFile {
-  std::string Path;
+  std::filesystem::path Path;
   std::span<const std::uint8_t> Bytes;
   std::uint64_t Start = 0;
   std::uint64_t Size = Bytes.size();
 };
 
-// Makes these the only files that there are. A FileReader reads them in place of the system's, so
-// that an input costs no system call. The bytes must outlive every reader.
+// Replaces the file system by these files for every FileReader, so that an input costs no system
+// call. The bytes must outlive every reader.
 void SetMemoryFiles(std::vector<MemoryFile> files);
 
 }  // namespace kestrel

@@ -74,8 +74,8 @@ ImageResult Image::Recognise() {
       first = std::move(result);
     }
   }
-  // A bare table has nothing that names it, so its first structure must be whole: a text, or any
-  // file without the pair of zeros that closes a structure, is none.
+  // Nothing marks a bare table, so its first structure must be whole: a file without the pair of
+  // zeros that ends a structure, such as a text, is not a table.
   if (first.Problem == SourceProblem::NotRecognised && HoldsStructure(0)) {
     return {Load(ImageKind::Raw), ImageKind::Raw};
   }
@@ -160,10 +160,10 @@ SourceResult Image::LoadTable(EntryPointFacts entryPoint, std::uint64_t offset) 
   if (entryPoint.TableLength == 0) {
     return SourceProblem::TableEmpty;
   }
-  if (offset >= File.GetSize()) {
+  auto bytes = File.Read(offset, std::min(entryPoint.TableLength, kLargestLoad));
+  if (bytes.empty()) {
     return SourceProblem::TableOutside;
   }
-  auto bytes = File.Read(offset, std::min(entryPoint.TableLength, kLargestLoad));
   return SmbiosTable{.EntryPoint = std::move(entryPoint), .Bytes = std::move(bytes)};
 }
 
@@ -201,28 +201,36 @@ bool Image::HoldsStructure(std::uint64_t offset) {
          structure.Next <= bytes.size();
 }
 
-}  // namespace
-
-ImageResult ReadImage(const std::string& path, ImageKind kind, SmbiosVersion rawVersion) {
-  if (kind == ImageKind::Folder || (kind == ImageKind::Auto && IsFolder(path))) {
-    return {ReadTableFolder(path), ImageKind::Folder};
+ImageResult ReadFrom(FileReader& file, bool isOpen, ImageKind kind, SmbiosVersion rawVersion) {
+  ImageResult result = {SourceProblem::NotAFile, kind};
+  if (isOpen && file.GetSize() == 0) {
+    result.Source = SourceProblem::Empty;
+  } else if (isOpen) {
+    Image image(file, rawVersion);
+    result = kind == ImageKind::Auto ? image.Recognise() : ImageResult{image.Load(kind), kind};
   }
-  FileReader file;
-  if (!file.Open(path)) {
-    return {
-        {file.GetError() ? SourceProblem::CannotRead : SourceProblem::NotAFile, file.GetError()},
-        kind};
-  }
-  if (file.GetSize() == 0) {
-    return {SourceProblem::Empty, kind};
-  }
-  Image image(file, rawVersion);
-  ImageResult result =
-      kind == ImageKind::Auto ? image.Recognise() : ImageResult{image.Load(kind), kind};
   if (file.GetError()) {
     return {{SourceProblem::CannotRead, file.GetError()}, kind};
   }
   return result;
+}
+
+}  // namespace
+
+ImageResult ReadImage(const std::filesystem::path& path, ImageKind kind, SmbiosVersion rawVersion) {
+  if (kind == ImageKind::Folder || (kind == ImageKind::Auto && IsFolder(path))) {
+    return {ReadTableFolder(path), ImageKind::Folder};
+  }
+  const bool isTableOfFolder = kind == ImageKind::Raw && IsFolder(path);
+  FileReader file;
+  const bool isOpen = file.Open(isTableOfFolder ? path / kTableFile : path);
+  return ReadFrom(file, isOpen, kind, rawVersion);
+}
+
+ImageResult ReadImageFromStandardInput(ImageKind kind, SmbiosVersion rawVersion) {
+  FileReader file;
+  const bool isOpen = file.OpenStandardInput();
+  return ReadFrom(file, isOpen, kind, rawVersion);
 }
 
 std::optional<EntryPointFacts> ParseRsmbHeader(std::span<const std::uint8_t> bytes) {

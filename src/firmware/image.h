@@ -2,9 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <span>
-#include <string>
 
 #include "firmware/source_result.h"
 
@@ -27,8 +27,12 @@ struct ImageResult {
 };
 
 // Reads the table of a saved image. `rawVersion` is the version that a raw table is read as; the
-// other kinds carry their own. Only what is looked at is read, however large the file.
-ImageResult ReadImage(const std::string& path, ImageKind kind, SmbiosVersion rawVersion);
+// other kinds carry their own. Only what is looked at is read, however large the file. Of a folder,
+// the kind Raw reads the table without its entry point.
+ImageResult ReadImage(const std::filesystem::path& path, ImageKind kind, SmbiosVersion rawVersion);
+
+// The same of standard input, which need not be a file: it is read as far as the table.
+ImageResult ReadImageFromStandardInput(ImageKind kind, SmbiosVersion rawVersion);
 
 // Reads the header of an image of the kind Rsmb, which is also what Windows returns for 'RSMB'.
 // Nothing when `bytes` are fewer.

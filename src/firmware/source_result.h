@@ -11,7 +11,7 @@ namespace kestrel {
 enum class SourceProblem {
   None,
   CannotRead,     // Error says why
-  NotAFile,       // a device, or a folder without tables
+  NotAFile,       // a device, a pipe and the like, or one of them in a folder of tables
   Empty,          // no bytes at all
   TooLarge,       // too long for a raw table
   NotRecognised,  // none of the kinds fits, or not the one that was asked for

@@ -15,34 +15,36 @@ namespace kestrel {
 
 namespace {
 
-// Nothing, and the error of the system, when the file cannot be read.
-std::optional<std::vector<std::uint8_t>> ReadUpTo(std::size_t limit, const std::string& path,
-                                                  std::error_code& error) {
+// Returns nothing, and why, when the file cannot be read.
+std::optional<std::vector<std::uint8_t>> ReadUpTo(std::size_t limit,
+                                                  const std::filesystem::path& path,
+                                                  SourceResult& why) {
   FileReader file;
-  if (!file.Open(path)) {
-    error = file.GetError() ? file.GetError() : std::make_error_code(std::errc::is_a_directory);
-    return std::nullopt;
+  if (file.Open(path)) {
+    std::vector<std::uint8_t> bytes = file.Read(0, limit);
+    if (!file.GetError()) {
+      return bytes;
+    }
   }
-  std::vector<std::uint8_t> bytes = file.Read(0, limit);
-  error = file.GetError();
-  return error ? std::nullopt : std::optional(std::move(bytes));
+  why = {file.GetError() ? SourceProblem::CannotRead : SourceProblem::NotAFile, file.GetError()};
+  return std::nullopt;
 }
 
 }  // namespace
 
-SourceResult ReadTableFolder(const std::string& folder) {
-  std::error_code error;
-  const auto start = ReadUpTo(kLargestEntryPoint, folder + "/smbios_entry_point", error);
+SourceResult ReadTableFolder(const std::filesystem::path& folder) {
+  SourceResult why;
+  const auto start = ReadUpTo(kLargestEntryPoint, folder / "smbios_entry_point", why);
   if (!start) {
-    return {SourceProblem::CannotRead, error};
+    return why;
   }
   std::optional<EntryPointFacts> entryPoint = ParseEntryPoint(*start);
   if (!entryPoint) {
     return HasEntryPointAnchor(*start) ? SourceProblem::EntryPointCut : SourceProblem::NoEntryPoint;
   }
-  auto table = ReadUpTo(std::min(entryPoint->TableLength, kLargestLoad), folder + "/DMI", error);
+  auto table = ReadUpTo(std::min(entryPoint->TableLength, kLargestLoad), folder / kTableFile, why);
   if (!table) {
-    return {SourceProblem::CannotRead, error};
+    return why;
   }
   return SmbiosTable{std::move(*entryPoint), std::move(*table)};
 }

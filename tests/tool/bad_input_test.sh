@@ -30,7 +30,8 @@ expect 2 "a command is missing$usage"
 expect 2 "there is no command frob$usage" frob
 expect 2 "options go after the command$usage" --image x report
 usage=": see 'kestrel report --help'"
-expect 2 "not expected: more -- --sample$usage" report --sample more -- --sample
+expect 2 "not expected: --sampel$usage" report --sampel
+expect 2 "not expected: dump -- -x: name an image by --image, see 'kestrel report --help'" report dump -- -x
 expect 2 "--format: takes auto, memory, dump, rsmb or raw$usage" report --image x --format jpeg
 for version in 2 2.x 2.300 -1.0 2. .3 2.3.1 ' 2.3' ''; do
   expect 2 "--smbios-version: takes a version like 2.3$usage" report --image x --smbios-version "$version"
@@ -54,11 +55,17 @@ entry_point_64 6 24 | head -c 23 >cut-in-entry-point-64
 { entry_point 0 32; end_of_table; } >no-length
 { printf '\x00\x02\x03\x00'; le 4 6; end_of_table; } >rsmb
 { entry_point 6 16; end_of_table; } >overlapping
-mkdir folder pair cut-pair
+mkdir folder pair cut-pair no-pair fifo-pair
 end_of_table | tee pair/DMI >cut-pair/DMI
-entry_point_64 6 4096 >pair/smbios_entry_point
+entry_point_64 6 4096 | tee pair/smbios_entry_point >fifo-pair/smbios_entry_point
 head -c 20 pair/smbios_entry_point >cut-pair/smbios_entry_point
-mkfifo fifo
+: >no-pair/smbios_entry_point
+end_of_table >no-pair/DMI
+mkfifo fifo fifo-pair/DMI
+cp dump $'\xFF\x1B'
+# A table further on than is kept of a pipe, which therefore reads on.
+truncate -s 18M far && end_of_table >>far
+entry_point 6 $((0x1200000)) | dd of=far bs=983040 seek=1 conv=notrunc status=none
 
 while IFS='|' read -r image message; do
   expect 1 "'$image' $message" report --image "$image"
@@ -66,8 +73,10 @@ done <<'END'
 missing|cannot be read (No such file or directory): name a file that can
 |cannot be read (No such file or directory): name a file that can
 folder|is no folder with smbios_entry_point and DMI: name one, or a saved image
-fifo|is not a file: name a saved image
-/dev/zero|is not a file: name a saved image
+fifo|is not a file: name a saved image, or pass it on standard input with --image -
+/dev/zero|is not a file: name a saved image, or pass it on standard input with --image -
+fifo-pair|has a smbios_entry_point or DMI that is not a file: copy both as files
+no-pair|has no entry point of a known kind: read its DMI by --format raw
 empty|is empty: save the image again
 cut-in-structure|is no image of a known kind: name a saved image, or its kind with --format
 no-header|is no image of a known kind: name a saved image, or its kind with --format
@@ -83,7 +92,9 @@ outside|does not hold the table that its entry point names: save an image that d
 overlapping|does not hold the table that its entry point names: save an image that does
 no-length|has a table of no bytes: save the image again
 END
-expect 1 "'new?line' cannot be read (No such file or directory): name a file that can" report --image $'new\nline'
+expect 1 "'new?line???? é' cannot be read (No such file or directory): name a file that can" \
+  report --image $'new\nline\x7F\xC2\x9B\xFF\xC3 é'
+expect 1 "standard input is empty: save the image again" report --image -
 for format in memory rsmb; do
   expect 1 "'dump' is not of the kind that --format names: leave it to be recognised" report --image dump --format $format
 done
@@ -97,8 +108,25 @@ if [ "$(id -u)" -eq 0 ]; then
     fail "no permission: said '$(cat err)'"
 fi
 
-for image in dump rsmb pair; do
-  [ "$("$kestrel" report --image $image)" = "End-of-Table (Type 127)" ] || fail "$image is not shown"
+shows() {
+  [ "$("$kestrel" report "$@" 2>&1)" = "End-of-Table (Type 127)" ] || fail "$* is not shown"
+}
+for image in dump rsmb far; do
+  shows --image $image
+  shows --image - < <(cat $image)
+done
+shows --image pair
+shows --image $'\xFF\x1B'
+shows --image no-pair --format raw --smbios-version 2.3
+# A file whose size the system does not know.
+[ "$(env -i $'\x7F\x04\x01\x01=' "$kestrel" report --image /proc/self/environ --format raw 2>err)" = \
+  "End-of-Table (Type 127)" ] || fail "a file of /proc is not shown"
+
+# What depends on the version warns where a table has none.
+none="kestrel: warning: a raw table has no version, so it is read as 2.3: give the right one with --smbios-version"
+for command in "report/$none" "json/$none" "check/$none" list/; do
+  "$kestrel" "${command%%/*}" --image - < <(end_of_table) >out 2>err
+  [ "$(cat err)" = "${command#*/}" ] || fail "${command%%/*} of a raw table: said '$(cat err)'"
 done
 
 # A cut table is shown as far as it goes, with a warning.
@@ -107,11 +135,22 @@ done
   fail "cut table: said '$(cat err)'"
 [ "$(cat out)" = "End-of-Table (Type 127)" ] || fail "cut table: shown as '$(cat out)'"
 
+# The walk of the library loses BIOS Information here, and bios has it from the table.
+{ printf '\x0B\x05\0\0\0\0\0'; bios_information; end_of_table; } >lost
+"$kestrel" bios --image lost --format raw >out 2>err
+[ "$(cat out err)" = "Vendor Name : Maker
+BIOS Version : 1.07
+BIOS Release Date : 05/14/2002
+kestrel: warning: the library loses 2 and invents 5 of the structures, the first at 0007h (Type 0): see 'kestrel check'" ] ||
+  fail "lost BIOS Information: said '$(cat out err)'"
+"$kestrel" json --image lost --format raw --type 127 --type 11 2>err | grep -o '"type": .*' >out
+[ "$(paste -s out)" = '"type": 11,	"type": 127,' ] || fail "json of two types: $(cat out)"
+
 # An error in a table shows in the exit code, a remark does not.
 printf '\x18\x05\x01\0\0\0\0' >no-end
 { end_of_table; printf '\0'; } >zero-after-end
 for image in no-end/3 zero-after-end/0; do
-  "$kestrel" check --image "${image%/*}" --format raw >out 2>err
+  "$kestrel" check --image "${image%/*}" --format raw --smbios-version 2.3 >out 2>err
   [ "$?/$(cat err)" = "${image#*/}/" ] || fail "check of ${image%/*}: said '$(cat err)'"
 done
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
@@ -23,6 +24,8 @@ inline constexpr unsigned kTakesTypes = 16;     // --type N, any number of times
 inline constexpr unsigned kTakesHandle = 32;    // --handle H
 inline constexpr unsigned kTakesKeywords = 64;  // KEYWORD, any number of them
 inline constexpr unsigned kTakesLines = 128;    // --lines, and --images-from LIST
+// Shows the same of a table whatever version it is read as.
+inline constexpr unsigned kIgnoresVersion = 256;
 
 struct CommandRun;
 
@@ -46,7 +49,7 @@ struct CommandLine {
   // The library's bytes rather than a text for a person.
   bool Exact = false;
   // Where the text goes; without it, and for "-", to standard output.
-  std::optional<std::string> Output;
+  std::optional<std::filesystem::path> Output;
   // The types of structures that are wanted; all where there are none.
   std::vector<std::uint8_t> Types;
   // The handle of the structures that are wanted.
@@ -56,7 +59,7 @@ struct CommandLine {
   // One line of JSON for each table.
   bool Lines = false;
   // A list of images, to run on each of them; "-" is standard input.
-  std::optional<std::string> ImagesFrom;
+  std::optional<std::filesystem::path> ImagesFrom;
   // Whether a file that is there may be overwritten, for a command that makes a new one.
   bool Force = false;
 };

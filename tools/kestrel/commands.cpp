@@ -9,9 +9,11 @@
 #include "base/text.h"
 #include "catalog/meant_version.h"
 #include "catalog/structure_scan.h"
+#include "tools/kestrel/complaint.h"
 #include "tools/kestrel/console_text.h"
 #include "tools/kestrel/dump.h"
 #include "tools/kestrel/fault_list.h"
+#include "tools/kestrel/file_name.h"
 #include "tools/kestrel/html_page.h"
 #include "tools/kestrel/image_list.h"
 #include "tools/kestrel/interruption.h"
@@ -74,8 +76,8 @@ void WriteCheck(CommandRun& run, Output& output) {
   run.Code = faults.HasErrors() ? ExitCode::FaultyTable : ExitCode::Done;
   if (run.Line.Lines) {
     const auto& image = run.Line.Source.Image;
-    WriteJsonFaults(faults, image ? std::optional<std::string_view>(*image) : run.NameInList,
-                    output);
+    const std::string name = image ? NameOf(*image) : std::string();
+    WriteJsonFaults(faults, image ? std::optional<std::string_view>(name) : run.NameInList, output);
   } else {
     WriteConsoleText(ListFaults(faults), output);
   }
@@ -177,8 +179,10 @@ constexpr Command kCommands[] = {
      WriteHtml},
     {"report", "The text report", kTakesSource | kTakesExact | kTakesOutput, WriteReport},
     {"mif", "The MIF document, as consoles read it", kTakesSource | kTakesOutput, WriteMif},
-    {"bios", "Vendor, version and release date of the BIOS", kTakesSource, WriteBios},
-    {"list", "A line per structure: offset, type, length, handle, name", kTakesSource, WriteList},
+    {"bios", "Vendor, version and release date of the BIOS", kTakesSource | kIgnoresVersion,
+     WriteBios},
+    {"list", "A line per structure: offset, type, length, handle, name",
+     kTakesSource | kIgnoresVersion, WriteList},
     {"json", "Every structure, decoded by the current standard, as JSON",
      kTakesSource | kTakesTypes | kTakesLines | kTakesOutput, WriteJson, kJsonSchema},
     {"check", "A line per fault of the table; ends with 3 where there is an error",
@@ -195,21 +199,20 @@ std::unique_ptr<Output> OutputOf(const CommandLine& line) {
                                                      : MakeFileOutput(*line.Output);
 }
 
-void ComplainOf(const std::vector<std::string>& warnings, const std::string& name,
-                Complain complain) {
+void ComplainOf(const std::vector<std::string>& warnings, const std::string& name) {
   for (const std::string& warning : warnings) {
-    complain("warning: " + name + warning);
+    Complain("warning: " + name + warning);
   }
 }
 
-void RunOnSource(const CommandLine& line, Output& output, ExitCode& code, Complain complain) {
+void RunOnSource(const CommandLine& line, Output& output, ExitCode& code) {
   std::vector<std::string> warnings;
   const SmbiosTable table = ReadSource(line.Source, warnings);
   CommandRun run = {.Line = line, .Table = table, .Warnings = warnings};
   line.Chosen->Run(run, output);
   code = run.Code;
   output.Finish();
-  ComplainOf(warnings, "", complain);
+  ComplainOf(warnings, "");
 }
 
 SmbiosTable ReadListed(const CommandLine& line, const std::string& name,
@@ -218,13 +221,13 @@ SmbiosTable ReadListed(const CommandLine& line, const std::string& name,
     throw ToolError("no file has a zero byte in its name: mend the list");
   }
   SourceOptions source = line.Source;
-  source.Image = name;
+  source.Image = ToPath(name);
   return ReadSource(source, warnings);
 }
 
 // Runs the command on an image of a list, and returns what a process with this image alone would.
 ExitCode RunOnListed(const CommandLine& line, const std::string& name, Output& output,
-                     Progress& progress, Complain complain) {
+                     Progress& progress) {
   std::vector<std::string> warnings;
   SmbiosTable table;
   try {
@@ -233,23 +236,23 @@ ExitCode RunOnListed(const CommandLine& line, const std::string& name, Output& o
     progress.Hide();
     WriteJsonError(name, error.what(), output);
     output.Flush();
-    complain(error.what());
+    Complain(error.what());
     return error.GetCode();
   }
   progress.Hide();
   CommandRun run = {.Line = line, .Table = table, .NameInList = name, .Warnings = warnings};
   line.Chosen->Run(run, output);
   output.Flush();
-  ComplainOf(warnings, "'" + name + "': ", complain);
+  ComplainOf(warnings, "'" + name + "': ");
   return run.Code;
 }
 
-void RunOnList(const CommandLine& line, Output& output, ExitCode& code, Complain complain) {
+void RunOnList(const CommandLine& line, Output& output, ExitCode& code) {
   ImageList list(*line.ImagesFrom);
   Progress progress(ShowsProgress() ? list.Count() : std::nullopt);
   DeferInterruption();
   for (std::size_t count = 1; const auto name = list.Next(); ++count) {
-    const ExitCode codeOfThis = RunOnListed(line, *name, output, progress, complain);
+    const ExitCode codeOfThis = RunOnListed(line, *name, output, progress);
     // An image that cannot be used says more of the run than a faulty table.
     if (code != ExitCode::Failed && codeOfThis != ExitCode::Done) {
       code = codeOfThis;
@@ -263,14 +266,14 @@ void RunOnList(const CommandLine& line, Output& output, ExitCode& code, Complain
 
 std::span<const Command> GetCommands() { return kCommands; }
 
-ExitCode RunCommand(const CommandLine& line, Complain complain) {
+ExitCode RunCommand(const CommandLine& line) {
   const std::unique_ptr<Output> output = OutputOf(line);
   ExitCode code = ExitCode::Done;
   try {
     if (line.ImagesFrom) {
-      RunOnList(line, *output, code, complain);
+      RunOnList(line, *output, code);
     } else {
-      RunOnSource(line, *output, code, complain);
+      RunOnSource(line, *output, code);
     }
   } catch (const ReaderGone&) {
     // Whoever stops reading has seen enough.

@@ -5,27 +5,22 @@
 #include <system_error>
 #include <utility>
 
+#include "tools/kestrel/file_name.h"
 #include "tools/kestrel/interruption.h"
 #include "tools/kestrel/tool_error.h"
-
-#if defined(_WIN32)
-#include "platform/wide_text.h"
-#endif
 
 namespace kestrel {
 
 namespace {
 
+// As text, whose lines may end in "\r\n" on Windows.
+std::FILE* OpenList(const std::filesystem::path& path) {
 #if defined(_WIN32)
-
-// As text, whose lines may end in "\r\n".
-std::FILE* OpenList(const std::string& path) { return _wfopen(ToWide(path).c_str(), L"r"); }
-
+  return _wfopen(path.c_str(), L"r");
 #else
-
-std::FILE* OpenList(const std::string& path) { return std::fopen(path.c_str(), "re"); }
-
+  return std::fopen(path.c_str(), "re");
 #endif
+}
 
 bool IsFile(std::FILE* file) {
   struct stat status = {};
@@ -46,8 +41,8 @@ void ImageList::Closer::operator()(std::FILE* file) const {
   }
 }
 
-ImageList::ImageList(const std::string& path)
-    : Name(path == "-" ? "standard input" : "'" + path + "'"),
+ImageList::ImageList(const std::filesystem::path& path)
+    : Name(path == "-" ? "standard input" : Quoted(path)),
       File(path == "-" ? stdin : OpenList(path)) {
   if (!File) {
     ThrowCannotReadList(Name);

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,7 +14,7 @@ namespace kestrel {
 class ImageList {
  public:
   // Opens the file, or standard input for "-". Throws ToolError.
-  explicit ImageList(const std::string& path);
+  explicit ImageList(const std::filesystem::path& path);
 
   // The next name, or nothing at the end. An interruption is one. Throws ToolError.
   std::optional<std::string> Next();

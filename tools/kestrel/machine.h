@@ -7,8 +7,8 @@
 
 namespace kestrel {
 
-// Reads the table of the machine that the tool runs on, in the way of this system. When there is
-// none to be had, `failure` says why, then ": " and what to do.
+// Reads the table of the machine that the tool runs on, in the way of this system: at least one
+// byte. Where there is none, `failure` says why, then ": " and what to do.
 std::optional<SmbiosTable> ReadMachine(std::string& failure);
 
 }  // namespace kestrel

@@ -26,9 +26,14 @@ std::vector<std::uint8_t> CallSystem() {
   if (function == nullptr) {
     return {};
   }
-  std::vector<std::uint8_t> bytes(function(kRsmbProvider, 0, nullptr, 0));
-  const UINT count = function(kRsmbProvider, 0, bytes.data(), static_cast<DWORD>(bytes.size()));
-  bytes.resize(std::min<std::size_t>(bytes.size(), count));
+  std::vector<std::uint8_t> bytes;
+  UINT count = function(kRsmbProvider, 0, nullptr, 0);
+  // The table may grow between two calls.
+  while (count > bytes.size()) {
+    bytes.resize(count);
+    count = function(kRsmbProvider, 0, bytes.data(), static_cast<DWORD>(bytes.size()));
+  }
+  bytes.resize(count);
   return bytes;
 }
 
@@ -40,10 +45,13 @@ std::optional<SmbiosTable> ReadFromSystem() {
   }
   const auto table = std::span(bytes).subspan(kRsmbHeaderSize);
   const auto held = table.first(std::min<std::size_t>(table.size(), facts->TableLength));
+  if (held.empty()) {
+    return std::nullopt;
+  }
   return SmbiosTable{std::move(*facts), {held.begin(), held.end()}};
 }
 
-// Closes the access with the reader, so that no driver stays behind, whatever goes wrong.
+// Closes the access with the reader, so that no driver stays behind when something goes wrong.
 struct ReaderCloser {
   void operator()(SMBiosReader* reader) const {
     reader->CloseAccess();
@@ -68,7 +76,7 @@ std::optional<SmbiosTable> ReadMachine(std::string& failure) {
   const AccessDriver& driver = *owned;
   const std::unique_ptr<SMBiosReader, ReaderCloser> reader(new SMBiosReader(std::move(owned)));
   std::optional<SmbiosTable> table;
-  if (reader->OpenAccess() != 0) {
+  if (reader->OpenAccess()) {
     table = ReadThrough(*reader);
   }
   if (driver.GetOsPlatform() == Platform::Unknown) {

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -7,28 +6,22 @@
 #include <string>
 
 #if defined(_WIN32)
+#include <string_view>
 #include <vector>
 
-#include "platform/wide_text.h"
+#include "platform/win32.h"
 #endif
 
 #include "tools/kestrel/command_line.h"
 #include "tools/kestrel/commands.h"
+#include "tools/kestrel/complaint.h"
 #include "tools/kestrel/output.h"
 #include "tools/kestrel/tool_error.h"
 
 namespace {
 
+using kestrel::Complain;
 using kestrel::ExitCode;
-
-// One line, whatever the names of files in it hold.
-void Complain(std::string message) {
-  std::replace_if(
-      message.begin(), message.end(),
-      [](char character) { return static_cast<unsigned char>(character) < ' '; }, '?');
-  message = "kestrel: " + message + "\n";
-  static_cast<void>(std::fputs(message.c_str(), stderr));
-}
 
 ExitCode Try(int argumentCount, const char* const* arguments) {
   const kestrel::ParsedCommandLine parsed = kestrel::ParseCommandLine(argumentCount, arguments);
@@ -38,7 +31,7 @@ ExitCode Try(int argumentCount, const char* const* arguments) {
     output->Finish();
     return ExitCode::Done;
   }
-  return kestrel::RunCommand(parsed.Line, Complain);
+  return kestrel::RunCommand(parsed.Line);
 }
 
 // Ends the process from where it stands: the way back leads through destructors and streams of
@@ -70,11 +63,24 @@ int Run(int argumentCount, const char* const* arguments) {
 
 #if defined(_WIN32)
 
-// File names of any script come as UTF-16 alone.
+namespace {
+
+std::string ToUtf8(std::wstring_view wide) {
+  // No UTF-16 unit takes more than three bytes.
+  const int length = static_cast<int>(wide.size());
+  std::string utf8(3 * wide.size(), '\0');
+  utf8.resize(static_cast<std::size_t>(WideCharToMultiByte(
+      CP_UTF8, 0, wide.data(), length, utf8.data(), 3 * length, nullptr, nullptr)));
+  return utf8;
+}
+
+}  // namespace
+
+// Only as UTF-16 does Windows hand over file names of every script.
 int wmain(int argumentCount, wchar_t** wideArguments) {
   std::vector<std::string> texts;
   for (int index = 0; index < argumentCount; ++index) {
-    texts.push_back(kestrel::ToUtf8(wideArguments[index]));
+    texts.push_back(ToUtf8(wideArguments[index]));
   }
   std::vector<const char*> arguments;
   for (const std::string& text : texts) {

@@ -9,12 +9,12 @@
 #if defined(_WIN32)
 #include <io.h>
 
-#include "platform/wide_text.h"
 #include "platform/win32.h"
 #else
 #include <unistd.h>
 #endif
 
+#include "tools/kestrel/file_name.h"
 #include "tools/kestrel/tool_error.h"
 
 namespace kestrel {
@@ -29,20 +29,16 @@ enum class Readers { Everybody, Owner };
 
 #if defined(_WIN32)
 
-using NativePath = std::wstring;
-
-NativePath ToNative(const std::string& path) { return ToWide(path); }
-
 // A folder decides who may read the files in it.
-int OpenDescriptor(const NativePath& path, int flags, Readers /*readers*/) {
+int OpenDescriptor(const std::filesystem::path& path, int flags, Readers /*readers*/) {
   return _wopen(path.c_str(), flags | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
 }
 
-bool Exists(const NativePath& path) {
+bool Exists(const std::filesystem::path& path) {
   return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-bool IsRegularFile(const NativePath& path) {
+bool IsRegularFile(const std::filesystem::path& path) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES &&
          (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT)) == 0;
@@ -54,7 +50,7 @@ int Write(int descriptor, std::string_view bytes) {
 
 bool Store(int descriptor) { return _commit(descriptor) == 0; }
 
-bool Rename(const NativePath& from, const NativePath& to) {
+bool Rename(const std::filesystem::path& from, const std::filesystem::path& to) {
   if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
     errno = EACCES;
     return false;
@@ -62,17 +58,13 @@ bool Rename(const NativePath& from, const NativePath& to) {
   return true;
 }
 
-void Remove(const NativePath& path) { _wunlink(path.c_str()); }
+void Remove(const std::filesystem::path& path) { _wunlink(path.c_str()); }
 
 void MakeBinary(int descriptor) { _setmode(descriptor, _O_BINARY); }
 
 #else
 
-using NativePath = std::string;
-
-const NativePath& ToNative(const std::string& path) { return path; }
-
-int OpenDescriptor(const NativePath& path, int flags, Readers readers) {
+int OpenDescriptor(const std::filesystem::path& path, int flags, Readers readers) {
   constexpr mode_t kOwner = S_IRUSR | S_IWUSR;
   constexpr mode_t kOthers = S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
   // Less what the process's mask takes away.
@@ -80,12 +72,12 @@ int OpenDescriptor(const NativePath& path, int flags, Readers readers) {
               readers == Readers::Owner ? kOwner : kOwner | kOthers);
 }
 
-bool Exists(const NativePath& path) {
+bool Exists(const std::filesystem::path& path) {
   struct stat status = {};
   return lstat(path.c_str(), &status) == 0;
 }
 
-bool IsRegularFile(const NativePath& path) {
+bool IsRegularFile(const std::filesystem::path& path) {
   struct stat status = {};
   return lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
@@ -96,11 +88,11 @@ ssize_t Write(int descriptor, std::string_view bytes) {
 
 bool Store(int descriptor) { return fsync(descriptor) == 0; }
 
-bool Rename(const NativePath& from, const NativePath& to) {
+bool Rename(const std::filesystem::path& from, const std::filesystem::path& to) {
   return std::rename(from.c_str(), to.c_str()) == 0;
 }
 
-void Remove(const NativePath& path) { unlink(path.c_str()); }
+void Remove(const std::filesystem::path& path) { unlink(path.c_str()); }
 
 void MakeBinary(int /*descriptor*/) {}
 
@@ -145,7 +137,7 @@ FileOutput* unfinished = nullptr;
 
 class FileOutput : public Output {
  public:
-  explicit FileOutput(const std::string& path) : Name("'" + path + "'"), Path(ToNative(path)) {}
+  explicit FileOutput(const std::filesystem::path& path) : Name(Quoted(path)), Path(path) {}
   ~FileOutput() override { Abandon(); }
 
   // Needs no memory.
@@ -162,11 +154,11 @@ class FileOutput : public Output {
 
  protected:
   const std::string& GetName() const { return Name; }
-  const NativePath& GetPath() const { return Path; }
-  const NativePath& GetNewFile() const { return NewFile; }
+  const std::filesystem::path& GetPath() const { return Path; }
+  const std::filesystem::path& GetNewFile() const { return NewFile; }
 
   // Creates a file, unless there is one of that name.
-  void Create(NativePath path, Readers readers) {
+  void Create(std::filesystem::path path, Readers readers) {
     NewFile = std::move(path);
     Descriptor = OpenDescriptor(NewFile, O_WRONLY | O_CREAT | O_EXCL, readers);
     if (Descriptor >= 0) {
@@ -214,15 +206,14 @@ class FileOutput : public Output {
   }
 
   std::string Name;
-  NativePath Path;
-  NativePath NewFile;
+  std::filesystem::path Path;
+  std::filesystem::path NewFile;
   int Descriptor = -1;
 };
 
 class NewFileOutput : public FileOutput {
  public:
-  NewFileOutput(const std::string& path, bool force)
-      : FileOutput(path), Beside(path + ".new"), Force(force) {}
+  NewFileOutput(const std::filesystem::path& path, bool force) : FileOutput(path), Force(force) {}
 
  private:
   void Open() override {
@@ -239,7 +230,9 @@ class NewFileOutput : public FileOutput {
     // A run that was killed may have left one.
     constexpr int kMostLeft = 100;
     for (int number = 0; number < kMostLeft; ++number) {
-      Create(ToNative(Beside + std::to_string(number)), Readers::Owner);
+      std::filesystem::path beside = GetPath();
+      beside += ".new" + std::to_string(number);
+      Create(std::move(beside), Readers::Owner);
       if (IsOpen() || errno != EEXIST) {
         return;
       }
@@ -249,7 +242,6 @@ class NewFileOutput : public FileOutput {
   bool Settle(int descriptor) override { return Store(descriptor); }
   bool PutInPlace() override { return !Force || Rename(GetNewFile(), GetPath()); }
 
-  std::string Beside;
   bool Force;
 };
 
@@ -278,11 +270,11 @@ void Output::PassOn(std::string_view bytes) {
 
 std::unique_ptr<Output> MakeStandardOutput() { return std::make_unique<StandardOutput>(); }
 
-std::unique_ptr<Output> MakeFileOutput(const std::string& path) {
+std::unique_ptr<Output> MakeFileOutput(const std::filesystem::path& path) {
   return std::make_unique<FileOutput>(path);
 }
 
-std::unique_ptr<Output> MakeNewFileOutput(const std::string& path, bool force) {
+std::unique_ptr<Output> MakeNewFileOutput(const std::filesystem::path& path, bool force) {
   return std::make_unique<NewFileOutput>(path, force);
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -62,12 +63,12 @@ std::unique_ptr<Output> MakeStandardOutput();
 
 // A file, written as a shell's ">" does: an existing file is emptied and keeps its permissions, a
 // link is followed. A new file that is not finished is removed.
-std::unique_ptr<Output> MakeFileOutput(const std::string& path);
+std::unique_ptr<Output> MakeFileOutput(const std::filesystem::path& path);
 
 // A new file that its owner may read, and nobody else. Refuses a name that exists, even as a link;
 // with `force` it takes the place of an existing regular file when it is finished, and until then
 // that file stays as it is.
-std::unique_ptr<Output> MakeNewFileOutput(const std::string& path, bool force);
+std::unique_ptr<Output> MakeNewFileOutput(const std::filesystem::path& path, bool force);
 
 // Removes a new file that is not finished. Needs no memory.
 void RemoveUnfinishedFile();

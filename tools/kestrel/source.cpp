@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "firmware/table_measure.h"
 #include "sample/sample_table.h"
+#include "tools/kestrel/file_name.h"
 #include "tools/kestrel/machine.h"
 #include "tools/kestrel/tool_error.h"
 
@@ -18,7 +19,8 @@ struct ProblemText {
 };
 
 constexpr ProblemText kProblemTexts[] = {
-    {SourceProblem::NotAFile, " is not a file: name a saved image"},
+    {SourceProblem::NotAFile,
+     " is not a file: name a saved image, or pass it on standard input with --image -"},
     {SourceProblem::Empty, " is empty: save the image again"},
     {SourceProblem::TooLarge, " is too large: a raw table ends at 16 MiB"},
     {SourceProblem::NotRecognised,
@@ -38,8 +40,11 @@ std::string TextOf(const ImageResult& image) {
     if (source.Error == std::errc::no_such_file_or_directory) {
       return " is no folder with smbios_entry_point and DMI: name one, or a saved image";
     }
+    if (source.Problem == SourceProblem::NotAFile) {
+      return " has a smbios_entry_point or DMI that is not a file: copy both as files";
+    }
     if (source.Problem == SourceProblem::NoEntryPoint) {
-      return " has no entry point of a known kind: use --image with its DMI";
+      return " has no entry point of a known kind: read its DMI by --format raw";
     }
   }
   if (source.Problem == SourceProblem::CannotRead) {
@@ -56,18 +61,31 @@ std::string TextOf(const ImageResult& image) {
   return " cannot be used: save the image again";
 }
 
-SmbiosTable ReadNamedImage(const SourceOptions& options, std::vector<std::string>& warnings) {
-  ImageResult image =
-      ReadImage(*options.Image, options.Format, options.RawVersion.value_or(SmbiosVersion{}));
-  if (image.Source.Problem != SourceProblem::None) {
-    throw ToolError("'" + *options.Image + "'" + TextOf(image));
-  }
-  if (image.Source.Table.Bytes.empty()) {
-    throw ToolError("'" + *options.Image + "' has a table of no bytes: save the image again");
-  }
-  if (options.RawVersion && image.Kind != ImageKind::Raw) {
+void WarnOfVersion(const SourceOptions& options, ImageKind kind,
+                   std::vector<std::string>& warnings) {
+  if (options.RawVersion && kind != ImageKind::Raw) {
     warnings.emplace_back("--smbios-version is ignored: the image has its own version");
   }
+  if (!options.RawVersion && kind == ImageKind::Raw && !options.IgnoresVersion) {
+    warnings.emplace_back(
+        "a raw table has no version, so it is read as 2.3: give the right one with "
+        "--smbios-version");
+  }
+}
+
+SmbiosTable ReadNamedImage(const SourceOptions& options, std::vector<std::string>& warnings) {
+  const bool isStandardInput = *options.Image == "-";
+  const std::string name = isStandardInput ? "standard input" : Quoted(*options.Image);
+  const SmbiosVersion rawVersion = options.RawVersion.value_or(SmbiosVersion{});
+  ImageResult image = isStandardInput ? ReadImageFromStandardInput(options.Format, rawVersion)
+                                      : ReadImage(*options.Image, options.Format, rawVersion);
+  if (image.Source.Problem != SourceProblem::None) {
+    throw ToolError(name + TextOf(image));
+  }
+  if (image.Source.Table.Bytes.empty()) {
+    throw ToolError(name + " has a table of no bytes: save the image again");
+  }
+  WarnOfVersion(options, image.Kind, warnings);
   return std::move(image.Source.Table);
 }
 
@@ -93,7 +111,7 @@ void WarnOfCut(const SmbiosTable& table, std::vector<std::string>& warnings) {
     return;
   }
   std::string& warning = warnings.emplace_back("the table is cut");
-  // A 64-bit entry point does not tell how many bytes there should be.
+  // A 64-bit entry point does not say how many bytes there should be.
   if (table.EntryPoint.Kind != EntryPointKind::Bits64) {
     Append(warning, {", ", Decimal(table.Bytes.size()), " of ",
                      Decimal(table.EntryPoint.TableLength), " bytes are there"});

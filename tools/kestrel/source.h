@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,13 +12,16 @@ namespace kestrel {
 
 // Which table a command works on: an image, else the sample, else that of the machine it runs on.
 struct SourceOptions {
-  std::optional<std::string> Image;
+  // "-" is standard input.
+  std::optional<std::filesystem::path> Image;
   ImageKind Format = ImageKind::Auto;
   // For a raw table, which carries no version.
   std::optional<SmbiosVersion> RawVersion;
   bool Sample = false;
   // Whether the command takes no other source, so that messages do not suggest one.
   bool MachineOnly = false;
+  // Whether the command shows the same for every version, so that none has to be given.
+  bool IgnoresVersion = false;
 };
 
 // Returns a table of at least one byte. Appends what a person should know about it, one line each.
