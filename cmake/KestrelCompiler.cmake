@@ -8,12 +8,15 @@ set(CMAKE_C_STANDARD_REQUIRED ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
-set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+if(PROJECT_IS_TOP_LEVEL)
+  set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+endif()
 
 add_library(kestrel_compiler INTERFACE)
 target_compile_options(kestrel_compiler INTERFACE
   "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=" "-ffile-prefix-map=${PROJECT_BINARY_DIR}/="
-  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+  $<$<BOOL:${KESTREL_WARNINGS_AS_ERRORS}>:-Werror>)
 
 if(KESTREL_SANITIZERS)
   set(sanitize "-fsanitize=${KESTREL_SANITIZERS}" -fno-sanitize-recover=all -fno-omit-frame-pointer)

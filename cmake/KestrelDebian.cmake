@@ -14,16 +14,16 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
-# The same sources give the same packages, whenever they are built.
-set(CPACK_PROJECT_CONFIG_FILE "${PROJECT_SOURCE_DIR}/cmake/release_date.cmake")
-set(CPACK_PRE_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/cmake/release_date.cmake")
-set(CPACK_KESTREL_RELEASE_DATE "${KESTREL_RELEASE_DATE}")
 
 set(CPACK_DEBIAN_LIBKESTREL1_PACKAGE_NAME libkestrel1)
 set(CPACK_DEBIAN_LIBKESTREL1_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_LIBKESTREL1_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_LIBKESTREL1_PACKAGE_MULTIARCH same)
+# The trigger is all that the library needs. CPack adds scripts that run ldconfig, too, unless others
+# are named; those named here do not exist, so the package has none.
+set(debian "${PROJECT_SOURCE_DIR}/packaging/debian")
 set(CPACK_DEBIAN_LIBKESTREL1_PACKAGE_CONTROL_EXTRA
-  "${PROJECT_SOURCE_DIR}/packaging/debian/symbols;${PROJECT_SOURCE_DIR}/packaging/debian/triggers")
+  "${debian}/symbols;${debian}/triggers;${debian}/none/postinst;${debian}/none/postrm")
 set(CPACK_DEBIAN_LIBKESTREL1_DESCRIPTION "library that reads the SMBIOS tables of a PC as text
 Kestrel reads the SMBIOS structure table in which the firmware of a PC
 describes the machine, and renders it as a report for people or as a
@@ -33,6 +33,7 @@ This package has the shared library.")
 
 set(CPACK_DEBIAN_LIBKESTREL-DEV_PACKAGE_NAME libkestrel-dev)
 set(CPACK_DEBIAN_LIBKESTREL-DEV_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_LIBKESTREL-DEV_PACKAGE_MULTIARCH same)
 set(CPACK_DEBIAN_LIBKESTREL-DEV_PACKAGE_DEPENDS "libkestrel1 (= ${PROJECT_VERSION}-1)")
 set(CPACK_DEBIAN_LIBKESTREL-DEV_DESCRIPTION "library that reads the SMBIOS tables of a PC - development files
 Kestrel reads the SMBIOS structure table in which the firmware of a PC
@@ -51,18 +52,18 @@ saved image: as a report, as JSON with every field that the standard knows,
 or as a document in the DMTF Management Information Format. It also checks
 a table for faults, and saves the tables of a machine.")
 
-# Each package brings the change logs: what Debian calls its own, and that of the project.
+# Each package has a copyright file and the change logs, Debian's and the project's, and keeps the
+# completion for zsh where Debian's packages do. None of this belongs to other installations.
 execute_process(COMMAND date --utc --rfc-email --date "${KESTREL_RELEASE_DATE}"
   OUTPUT_VARIABLE KESTREL_DEBIAN_DATE OUTPUT_STRIP_TRAILING_WHITESPACE
   COMMAND_ERROR_IS_FATAL ANY)
-configure_file(packaging/debian/changelog.in debian/changelog.Debian @ONLY)
-kestrel_compress("${PROJECT_BINARY_DIR}/debian/changelog.Debian"
-  "${PROJECT_BINARY_DIR}/debian/changelog.Debian.gz")
-kestrel_compress("${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_BINARY_DIR}/debian/changelog.gz")
+set(made "${PROJECT_BINARY_DIR}/debian")
+configure_file(packaging/debian/changelog.in "${made}/changelog.Debian" @ONLY)
+kestrel_compress("${made}/changelog.Debian" "${made}/changelog.Debian.gz")
+kestrel_compress("${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${made}/changelog.gz")
 foreach(package ${CPACK_COMPONENTS_ALL})
-  install(FILES
-    "${PROJECT_BINARY_DIR}/debian/changelog.gz" "${PROJECT_BINARY_DIR}/debian/changelog.Debian.gz"
-    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${package})
+  install(FILES packaging/copyright "${made}/changelog.gz" "${made}/changelog.Debian.gz"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${package} EXCLUDE_FROM_ALL)
 endforeach()
-
-include(CPack)
+install(FILES completions/_kestrel
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions" COMPONENT kestrel EXCLUDE_FROM_ALL)

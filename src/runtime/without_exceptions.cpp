@@ -55,6 +55,7 @@ void* operator new(std::size_t size) {
 void operator delete(void* memory) noexcept {
   if (memory != nullptr) {
     BlockHeader* header = static_cast<BlockHeader*>(memory) - 1;
+    // NOLINTNEXTLINE(clang-analyzer-unix.Malloc): this is what takes the block out of the ring.
     Unlink(*header);
     std::free(header);
   }

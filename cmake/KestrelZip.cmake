@@ -7,12 +7,13 @@ else()
   set(KESTREL_ZIP_FOR x64)
 endif()
 configure_file(packaging/windows/README.txt.in README.txt @ONLY NEWLINE_STYLE WIN32)
-install(FILES "${PROJECT_BINARY_DIR}/README.txt" DESTINATION .)
+configure_file(packaging/copyright copyright.txt @ONLY NEWLINE_STYLE WIN32)
+install(FILES "${PROJECT_BINARY_DIR}/README.txt" "${PROJECT_BINARY_DIR}/copyright.txt"
+  DESTINATION .)
+# Parts of the toolchain's runtime are linked in, and want their notices to be there.
+install(FILES /usr/share/doc/mingw-w64-common/copyright DESTINATION .
+  RENAME copyright-mingw-w64.txt)
 
 set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_FILE_NAME "kestrel-${PROJECT_VERSION}-windows-${width}")
-set(CPACK_PROJECT_CONFIG_FILE "${PROJECT_SOURCE_DIR}/cmake/release_date.cmake")
-set(CPACK_PRE_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/cmake/release_date.cmake")
-set(CPACK_KESTREL_RELEASE_DATE "${KESTREL_RELEASE_DATE}")
 set(CPACK_VERBATIM_VARIABLES ON)
-include(CPack)
