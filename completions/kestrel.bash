@@ -16,7 +16,7 @@ _kestrel() {
   fi
   for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
     case $word in
-      report | mif | json | bios | list | check | save)
+      overview | show | get | html | report | mif | json | bios | list | check | save)
         command=$word
         break
         ;;
@@ -24,7 +24,7 @@ _kestrel() {
   done
   COMPREPLY=()
   case $previous in
-    --image | -o | --output)
+    --image | --images-from | -o | --output)
       _kestrel_files "$current"
       return
       ;;
@@ -32,16 +32,30 @@ _kestrel() {
       mapfile -t COMPREPLY < <(compgen -W 'auto memory dump rsmb raw' -- "$current")
       return
       ;;
-    --smbios-version | --type)
+    --type)
+      mapfile -t COMPREPLY < <(compgen -W 'bios system baseboard chassis processor memory cache connector slot' -- "$current")
+      return
+      ;;
+    --smbios-version | --handle)
       return
       ;;
   esac
+  local keywords='
+    bios-vendor bios-version bios-release-date bios-revision firmware-revision system-
+    manufacturer system-product-name system-version system-serial-number system-uuid system-sku-
+    number system-family baseboard-manufacturer baseboard-product-name baseboard-version
+    baseboard-serial-number baseboard-asset-tag chassis-manufacturer chassis-type chassis-
+    version chassis-serial-number chassis-asset-tag processor-family processor-manufacturer
+    processor-version processor-frequency'
   local source='--image --format --smbios-version --sample --help'
   case $command in
-    '') words='report mif json bios list check save --help --version' ;;
+    '') words='overview show get html report mif json bios list check save --help --version' ;;
     report) words="--exact -o --output $source" ;;
-    mif) words="-o --output $source" ;;
-    json) words="--type -o --output $source" ;;
+    mif | html) words="-o --output $source" ;;
+    show) words="--type --handle -o --output $source" ;;
+    json) words="--type --lines --images-from -o --output $source" ;;
+    check) words="--lines --images-from $source" ;;
+    get) words="$keywords $source" ;;
     save)
       if [[ $current != -* ]]; then
         _kestrel_files "$current"

@@ -148,28 +148,6 @@ void WriteValues(CommandRun& run, Output& output) {
 
 void WriteDump(CommandRun& run, Output& output) { output.Write(DumpOf(run.Table)); }
 
-constexpr const char* kJsonSchema =
-    R"(The document is one object. These keys are always there:
-  schema      1
-  smbios      version ("2.7"), entry_point ("_SM_", "_SM3_" or null) and
-              table_length (in bytes; for "_SM3_" the most that there may be)
-  structures  in table order: offset, handle, type, name (null where nobody
-              published one, "OEM" from 128 on), length, fields, strings, data
-              (the formatted area in hexadecimal)
-A key of fields is there when the structure is long enough for it. Its value is
-  a string    null for number 0 and for a number beyond the set
-  a code      code and text (null where nobody published one)
-  bits        value and set: the texts of the bits that are set, in order
-  parts       value and a key for each of several values in one number; a code
-              that is the field itself has code and text beside value
-  a list      an array of objects, or of numbers for contained handles
-  a quantity  in the base unit that ends its key, beside the field that it is
-              made of; null where the firmware says that it does not know
-Later versions may add keys after those that are there, texts where there is
-null, and entries to "set". For these schema stays 1; for anything else that
-changes it is raised: a key that goes, or means something else, another text for
-a code or bit, another kind of value.)";
-
 constexpr Command kCommands[] = {
     {"overview", "The machine on one screen", kTakesSource, WriteOverview},
     {"show", "Every structure in words, by the current standard",
@@ -184,7 +162,8 @@ constexpr Command kCommands[] = {
     {"list", "A line per structure: offset, type, length, handle, name",
      kTakesSource | kIgnoresVersion, WriteList},
     {"json", "Every structure, decoded by the current standard, as JSON",
-     kTakesSource | kTakesTypes | kTakesLines | kTakesOutput, WriteJson, kJsonSchema},
+     kTakesSource | kTakesTypes | kTakesLines | kTakesOutput, WriteJson,
+     "The manual page describes the document."},
     {"check", "A line per fault of the table; ends with 3 where there is an error",
      kTakesSource | kTakesLines, WriteCheck},
     {"save", "Save this machine's entry point and table, for --image to read", kTakesNewFile,

@@ -1,5 +1,7 @@
 #include "tools/kestrel/file_name.h"
 
+#include "base/text.h"
+
 namespace kestrel {
 
 // The bytes of a u8string are UTF-8 to Windows, and pass unchanged elsewhere.
@@ -13,6 +15,6 @@ std::string NameOf(const std::filesystem::path& path) {
   return {name.begin(), name.end()};
 }
 
-std::string Quoted(const std::filesystem::path& path) { return "'" + NameOf(path) + "'"; }
+std::string Quoted(const std::filesystem::path& path) { return Join({"'", NameOf(path), "'"}); }
 
 }  // namespace kestrel
