@@ -53,6 +53,7 @@ std::string JoinTexts(std::string_view separator, std::initializer_list<std::str
 }
 
 std::string AnchorOf(const Structure& structure) { return Join({"s", Hex(structure.Offset, 1)}); }
+std::string LinkTo(const Structure& structure) { return Join({"#", AnchorOf(structure)}); }
 
 // A table of the page, which begins with its first row.
 class RowWriter {
@@ -269,7 +270,7 @@ class LineLists {
     }
     IsItemOpen = true;
     if (line.Target != nullptr) {
-      Html.TextElement("a", line.Value, {{"href", "#" + AnchorOf(*line.Target)}});
+      Html.TextElement("a", line.Value, {{"href", LinkTo(*line.Target)}});
     } else {
       Html.Text(line.Value);
     }
@@ -362,7 +363,7 @@ void WriteSources(HtmlWriter& html, const References::Sources& sources) {
   std::string_view separator;
   for (const Structure* source : sources.Some) {
     html.Text(std::exchange(separator, ", "));
-    html.TextElement("a", MakeNameOf(*source), {{"href", "#" + AnchorOf(*source)}});
+    html.TextElement("a", MakeNameOf(*source), {{"href", LinkTo(*source)}});
   }
   if (sources.Count > sources.Some.size()) {
     html.Text(Join({" and ", Decimal(sources.Count - sources.Some.size()), " more"}));
