@@ -130,7 +130,7 @@ constexpr Code kLogAccessMethods[] = {
     {0x02, "Indexed I/O: 1 16-bit index port, 1 8-bit data port"},
     {0x03, "Memory-mapped physical 32-bit address"},
     {0x04, "Available through General-Purpose NonVolatile Data functions"},
-    {0x80, "BIOS Vendor/OEM-specific", 0xFF},
+    {0x80, 0xFF, "BIOS Vendor/OEM-specific"},
 };
 
 constexpr Bit kLogStatuses[] = {{0, "Log area valid"}, {1, "Log area full"}};
@@ -138,7 +138,7 @@ constexpr Bit kLogStatuses[] = {{0, "Log area valid"}, {1, "Log area full"}};
 constexpr Code kLogHeaderFormats[] = {
     {0x00, "No header"},
     {0x01, "Type 1 log header"},
-    {0x80, "BIOS Vendor/OEM-specific", 0xFF},
+    {0x80, 0xFF, "BIOS Vendor/OEM-specific"},
 };
 
 constexpr Code kLogTypes[] = {
@@ -166,7 +166,7 @@ constexpr Code kLogTypes[] = {
     {0x15, "Uncorrectable CPU-complex error"},
     {0x16, "Log Area Reset/Cleared"},
     {0x17, "System boot"},
-    {0x80, "System- and OEM-specific", 0xFE},
+    {0x80, 0xFE, "System- and OEM-specific"},
     {0xFF, "End of log"},
 };
 
@@ -178,7 +178,7 @@ constexpr Code kLogDataFormats[] = {
     {0x04, "POST Results Bitmap"},
     {0x05, "System Management Type"},
     {0x06, "Multiple-Event System Management Type"},
-    {0x80, "OEM-specific", 0xFF},
+    {0x80, 0xFF, "OEM-specific"},
 };
 
 constexpr Field kLogTypeDescriptor[] = {
@@ -239,8 +239,8 @@ constexpr Code kBootStatuses[] = {
     {6, "System security violation"},
     {7, "Previously-requested image"},
     {8, "A system watchdog timer expired, causing the system to reboot"},
-    {128, "Vendor/OEM-specific", 191},
-    {192, "Product-specific", 255},
+    {128, 191, "Vendor/OEM-specific"},
+    {192, 255, "Product-specific"},
 };
 
 constexpr Field kSystemBootInformation[] = {
@@ -273,13 +273,13 @@ constexpr Code kFirmwareVersionFormats[] = {
     {0x01, "MAJOR.MINOR"},
     {0x02, "32-bit hexadecimal string"},
     {0x03, "64-bit hexadecimal string"},
-    {0x80, "BIOS Vendor/OEM-specific", 0xFF},
+    {0x80, 0xFF, "BIOS Vendor/OEM-specific"},
 };
 
 constexpr Code kFirmwareIdFormats[] = {
     {0x00, "Free-form string"},
     {0x01, "UEFI GUID string"},
-    {0x80, "BIOS Vendor/OEM-specific", 0xFF},
+    {0x80, 0xFF, "BIOS Vendor/OEM-specific"},
 };
 
 constexpr Bit kFirmwareCharacteristics[] = {{0, "Updatable"}, {1, "Write-Protected"}};
@@ -316,8 +316,8 @@ constexpr LeastLength kFirmwareInventoryInformationLengths[] = {{3, 5, 0x18}};
 
 constexpr Code kStringProperties[] = {
     {0x0001, "UEFI device path"},
-    {0x8000, "BIOS Vendor-specific", 0xBFFF},
-    {0xC000, "OEM-specific", 0xFFFF},
+    {0x8000, 0xBFFF, "BIOS Vendor-specific"},
+    {0xC000, 0xFFFF, "OEM-specific"},
 };
 
 constexpr Field kStringProperty[] = {

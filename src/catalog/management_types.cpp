@@ -127,7 +127,7 @@ constexpr LeastLength kIpmiDeviceInformationLengths[] = {{2, 3, 0x10}};
 // Management Controller Host Interface (Type 42)
 
 constexpr Code kHostInterfaceTypes[] = {
-    {0x00, "MCTP Host Interface", 0x01},
+    {0x00, 0x01, "MCTP Host Interface"},
     {0x02, "KCS: Keyboard Controller Style"},
     {0x03, "8250 UART Register Compatible"},
     {0x04, "16450 UART Register Compatible"},
@@ -142,7 +142,7 @@ constexpr Code kHostInterfaceTypes[] = {
     {0x0D, "PCC"},
     {0x0E, "UCIe"},
     {0x0F, "USB"},
-    {0x10, "MCTP Host Interface", 0x3F},
+    {0x10, 0x3F, "MCTP Host Interface"},
     {0x40, "Network Host Interface"},
     {0xF0, "OEM-defined"},
 };

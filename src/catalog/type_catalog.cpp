@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 
 namespace kestrel::catalog {
 
@@ -38,14 +37,10 @@ std::string_view GetTypeName(std::uint8_t type) {
 }
 
 std::string_view FindText(std::span<const Code> codes, std::uint64_t value) {
-  const auto after =
-      std::upper_bound(codes.begin(), codes.end(), value,
-                       [](std::uint64_t number, const Code& code) { return number < code.Value; });
-  if (after == codes.begin()) {
-    return {};
-  }
-  const Code& code = *std::prev(after);
-  return value == code.Value || value <= code.Last ? code.Text : std::string_view();
+  const auto code =
+      std::lower_bound(codes.begin(), codes.end(), value,
+                       [](const Code& row, std::uint64_t number) { return row.Last < number; });
+  return code != codes.end() && code->First <= value ? code->Text : std::string_view();
 }
 
 }  // namespace kestrel::catalog

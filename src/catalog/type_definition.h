@@ -15,10 +15,13 @@ namespace kestrel::catalog {
 
 // A code of an enumerated field, or a range of codes. Texts are those of the standard.
 struct Code {
-  std::uint16_t Value;
+  constexpr Code(std::uint16_t code, std::string_view text) : Code(code, code, text) {}
+  constexpr Code(std::uint16_t first, std::uint16_t last, std::string_view text)
+      : First(first), Last(last), Text(text) {}
+
+  std::uint16_t First;
+  std::uint16_t Last;
   std::string_view Text;
-  // The last code of a range; 0 for a single code.
-  std::uint16_t Last = 0;
 };
 
 // A bit of a bit field, counted from 0, and what it means when it is set.

@@ -46,10 +46,9 @@ consteval bool Fits(std::uint64_t value, unsigned bits) { return bits >= 64 || v
 consteval void CheckCodes(std::span<const Code> codes, unsigned bits) {
   for (std::size_t index = 0; index < codes.size(); ++index) {
     const Code& code = codes[index];
-    Require(Fits(std::max(code.Value, code.Last), bits), "a code is too large for its field");
-    Require(code.Last == 0 || code.Last > code.Value, "a range of codes has no codes");
-    Require(index == 0 || std::max(codes[index - 1].Value, codes[index - 1].Last) < code.Value,
-            "codes do not ascend");
+    Require(Fits(code.Last, bits), "a code is too large for its field");
+    Require(code.First <= code.Last, "a range of codes has no codes");
+    Require(index == 0 || codes[index - 1].Last < code.First, "codes do not ascend");
     Require(!codes[index].Text.empty(), "a code has no text");
   }
 }

@@ -1,6 +1,7 @@
 #include "catalog/type_catalog.h"
 
 #include <gtest/gtest.h>
+#include <string>
 
 namespace kestrel::catalog {
 namespace {
@@ -13,11 +14,9 @@ TEST(TypeCatalogTest, NamesEveryPublishedType) {
       {31, "Boot Integrity Services (BIS) Entry Point"},
       {46, "String Property"},
       {47, ""},
-      {125, ""},
       {126, "Inactive"},
       {127, "End-of-Table"},
       {128, "OEM"},
-      {255, "OEM"},
   };
   for (const auto& test : cases) {
     EXPECT_EQ(GetTypeName(test.Type), test.Name) << int{test.Type};
@@ -25,6 +24,15 @@ TEST(TypeCatalogTest, NamesEveryPublishedType) {
   for (std::uint8_t type = 0; type <= 46; ++type) {
     EXPECT_NE(GetTypeName(type), "") << int{type};
   }
+}
+
+TEST(TypeCatalogTest, FindsTheTextOfACodeOrItsRange) {
+  const Code codes[] = {{1, "One"}, {0x80, 0xFE, "Range"}};
+  std::string texts;
+  for (const std::uint64_t code : {0x00, 0x01, 0x02, 0x7F, 0x80, 0xFE, 0xFF}) {
+    texts.append(FindText(codes, code)).append(";");
+  }
+  EXPECT_EQ(texts, ";One;;;Range;Range;;");
 }
 
 }  // namespace

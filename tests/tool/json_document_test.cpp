@@ -140,9 +140,6 @@ TEST(JsonDocumentTest, EndsAtTheFirstFieldThatIsCut) {
        R"({"starting_address": 1,"starting_address_bytes": 1024})"},
       {Structure(1, {0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}),
        R"({"manufacturer": null,"product_name": null,"version": null,"serial_number": null})"},
-      {Structure(46, {0x34, 0x81, 1, 0, 0}, {"S"}),
-       R"({"string_property_id": {"code": 33076,"text": "BIOS Vendor-specific"},)"
-       R"("string_property_value": "S","parent_handle": 0})"},
       {Structure(25, {0x12, 0x31}),
        R"({"next_scheduled_power_on_month": 12,"next_scheduled_power_on_day_of_month": 31})"},
       {Structure(43, {0, 'I', 'F', 0, 2}), R"({"vendor_id": "IF","major_spec_version": 2})"},
