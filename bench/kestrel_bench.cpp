@@ -197,6 +197,12 @@ const kestrel::Command& CommandNamed(std::string_view name) {
                        [&](const kestrel::Command& command) { return command.Name == name; });
 }
 
+kestrel::CommandLine LineOf(const kestrel::Command& command) {
+  kestrel::CommandLine line;
+  line.Chosen = &command;
+  return line;
+}
+
 // The size of what the command writes.
 std::size_t Run(const kestrel::CommandLine& line, const kestrel::SmbiosTable& table) {
   std::vector<std::string> warnings;
@@ -261,12 +267,12 @@ void RegisterBenchmarks() {
   };
   for (const char* name : {"json", "json --lines", "check"}) {
     const std::string_view words = name;
-    const kestrel::CommandLine line = {.Chosen = &CommandNamed(words.substr(0, words.find(' '))),
-                                       .Lines = words.ends_with("--lines")};
+    kestrel::CommandLine line = LineOf(CommandNamed(words.substr(0, words.find(' '))));
+    line.Lines = words.ends_with("--lines");
     time(name, line, LongTable)->Arg(4)->Arg(64)->Arg(1024)->Arg(16 * 1024);
   }
   for (const kestrel::Command& command : kestrel::GetCommands()) {
-    time(std::string("hostile ") + command.Name, {.Chosen = &command}, HostileTable)
+    time(std::string("hostile ") + command.Name, LineOf(command), HostileTable)
         ->Arg(64)
         ->Arg(1024)
         ->Arg(16 * 1024)
@@ -301,7 +307,7 @@ int main(int argc, char** argv) {
   Everything(MixedTable(kestrel::kLongestTable));
   std::cout << "memory for everything of 64 KiB, above the idle process: " << PeakKilobytes() - idle
             << " KiB\n";
-  const kestrel::CommandLine json = {.Chosen = &CommandNamed("json")};
+  const kestrel::CommandLine json = LineOf(CommandNamed("json"));
   for (const std::size_t kilobytes : {4, 64, 1024, 16 * 1024}) {
     // A peak only grows, so that the sizes come in order.
     const long before = PeakKilobytes();
