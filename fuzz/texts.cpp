@@ -48,7 +48,7 @@ Texts Render(const SmbiosTable& table) {
     CommandLine line;
     line.Chosen = &command;
     std::vector<std::string> warnings;
-    CommandRun run = {line, table, warnings};
+    CommandRun run = {.Line = line, .Table = table, .NameInList = {}, .Warnings = warnings};
     TextOutput output;
     try {
       command.Run(run, output);
