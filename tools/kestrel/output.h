@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -28,7 +27,7 @@ class Output {
       PassOn(bytes);
       return;
     }
-    std::memcpy(Held.data() + Count, bytes.data(), bytes.size());
+    bytes.copy(Held.data() + Count, bytes.size());
     Count += bytes.size();
   }
   void Write(char byte) {
