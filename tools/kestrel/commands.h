@@ -1,6 +1,5 @@
 #pragma once
 
-
 #include "tools/kestrel/command.h"
 
 namespace kestrel {
