@@ -260,7 +260,7 @@ void RegisterBenchmarks() {
                                        {"everything", &TimeEverything}}) {
     benchmark::RegisterBenchmark(name, function)->Arg(1)->Arg(4)->Arg(16)->Arg(64);
   }
-  benchmark::RegisterBenchmark("scan", TimeScan)->Arg(4)->Arg(64)->Arg(1024)->Arg(16 * 1024);
+  benchmark::RegisterBenchmark("scan", TimeScan)->Arg(4)->Arg(64)->Arg(1024)->Arg(16384);
   const auto time = [](const std::string& name, const kestrel::CommandLine& line, auto makeTable) {
     return benchmark::RegisterBenchmark(
         name.c_str(), [=](benchmark::State& state) { TimeCommand(state, line, makeTable); });
@@ -269,13 +269,13 @@ void RegisterBenchmarks() {
     const std::string_view words = name;
     kestrel::CommandLine line = LineOf(CommandNamed(words.substr(0, words.find(' '))));
     line.Lines = words.ends_with("--lines");
-    time(name, line, LongTable)->Arg(4)->Arg(64)->Arg(1024)->Arg(16 * 1024);
+    time(name, line, LongTable)->Arg(4)->Arg(64)->Arg(1024)->Arg(16384);
   }
   for (const kestrel::Command& command : kestrel::GetCommands()) {
     time(std::string("hostile ") + command.Name, LineOf(command), HostileTable)
         ->Arg(64)
         ->Arg(1024)
-        ->Arg(16 * 1024)
+        ->Arg(16384)
         ->Unit(benchmark::kMillisecond);
   }
   // Memory Controller, OEM Strings and Memory Channel: the count at its place, then the list.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <vector>
 
@@ -10,7 +9,7 @@ struct SmbiosVersion {
   std::uint8_t Major = 2;
   std::uint8_t Minor = 3;
 
-  auto operator<=>(const SmbiosVersion&) const = default;
+  bool operator==(const SmbiosVersion&) const = default;
 };
 
 enum class EntryPointKind : std::uint8_t {

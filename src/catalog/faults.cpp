@@ -29,6 +29,10 @@ constexpr std::size_t kNowhere = std::numeric_limits<std::size_t>::max();
 // A number as people write it in hexadecimal.
 std::string HexOf(std::uint64_t value, std::size_t width) { return Join({Hex(value, width), "h"}); }
 
+bool IsAtLeast(SmbiosVersion version, std::uint8_t major, std::uint8_t minor) {
+  return version.Major > major || (version.Major == major && version.Minor >= minor);
+}
+
 std::string TextOf(SmbiosVersion version) {
   return Join({Decimal(version.Major), ".", Decimal(version.Minor)});
 }
@@ -200,7 +204,7 @@ void TableChecker::CheckEnd() {
   CheckBytesAfterEnd(!structures.empty() && IsEnd(structures.back()));
   const auto end = std::find_if(structures.begin(), structures.end(), IsEnd);
   if (end == structures.end()) {
-    if (Version >= SmbiosVersion{2, 2}) {
+    if (IsAtLeast(Version, 2, 2)) {
       AddAt(Scan.End, FaultSeverity::Error, "no end", "there is no End-of-Table");
     }
   } else if (end + 1 != structures.end()) {
@@ -232,7 +236,7 @@ void TableChecker::CheckBytesAfterEnd(bool isEnded) {
 }
 
 void TableChecker::CheckRequiredTypes() {
-  if (Version < SmbiosVersion{2, 3}) {
+  if (!IsAtLeast(Version, 2, 3)) {
     return;
   }
   std::bitset<256> present;
@@ -255,8 +259,8 @@ void TableChecker::CheckRequiredTypes() {
 
 void FaultList::Add(const FaultPlace& place, FaultSeverity severity, const FaultKind& kind,
                     std::string text) {
-  const auto [known, isNew] =
-      KnownFaults.try_emplace({place.Type, kind}, Known{Faults.size(), place.Offset});
+  const auto [known, isNew] = KnownFaults.try_emplace({place.Type, kind.Name, kind.Key},
+                                                      Known{Faults.size(), place.Offset});
   if (isNew) {
     Faults.push_back({place, severity, std::move(text)});
   } else if (std::exchange(known->second.LastOffset, place.Offset) != place.Offset) {
@@ -305,7 +309,7 @@ void StructureChecker::CheckHandle(const Structure& structure, FaultList& faults
                Join({"its handle is ", HexOf(structure.Handle, 4), ", as that of the structure at ",
                      HexOf(first, 4)}));
   }
-  if (structure.Handle >= kFirstReservedHandle && Version >= SmbiosVersion{2, 1}) {
+  if (structure.Handle >= kFirstReservedHandle && IsAtLeast(Version, 2, 1)) {
     faults.Add(PlaceOf(structure), FaultSeverity::Remark, {"reserved handle"},
                Join({"its handle is ", HexOf(structure.Handle, 4), ", of which those from ",
                      HexOf(kFirstReservedHandle, 4), " on are reserved"}));
@@ -317,7 +321,7 @@ void StructureChecker::CheckLength(const Structure& structure, const StructureTy
   const LeastLength* least = nullptr;
   for (const LeastLength& row : type.LeastLengths) {
     // No reader expects less than the first version of the type has, whatever the table's version.
-    if (least == nullptr || Version >= SmbiosVersion{row.Major, row.Minor}) {
+    if (least == nullptr || IsAtLeast(Version, row.Major, row.Minor)) {
       least = &row;
     }
   }

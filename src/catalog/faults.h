@@ -2,13 +2,13 @@
 
 #include <array>
 #include <bitset>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <unordered_map>
 #include <vector>
 
@@ -40,8 +40,6 @@ struct FaultKind {
   std::string_view Name;
   // The key of the field that is wrong, if it is one.
   std::string_view Key = {};
-
-  auto operator<=>(const FaultKind&) const = default;
 };
 
 // Something that is wrong with a table.
@@ -65,12 +63,7 @@ class FaultList {
   bool HasErrors() const;
 
  private:
-  struct TypedKind {
-    std::optional<std::uint8_t> Type;
-    FaultKind Kind;
-
-    auto operator<=>(const TypedKind&) const = default;
-  };
+  using TypedKind = std::tuple<std::optional<std::uint8_t>, std::string_view, std::string_view>;
   struct Known {
     std::size_t Index;
     std::optional<std::size_t> LastOffset;
