@@ -372,7 +372,9 @@ void StructureChecker::CheckReference(const Structure& structure, const DecodedF
   }
   const auto isOfType = [&](std::uint8_t type) { return users->second.Types.test(type); };
   const auto targets = definition.Targets;
-  if (!targets.empty() && std::none_of(targets.begin(), targets.end(), isOfType)) {
+  // What is inactive at the moment may be of any type later.
+  if (!targets.empty() && !isOfType(kInactive) &&
+      std::none_of(targets.begin(), targets.end(), isOfType)) {
     faults.Add(PlaceOf(structure), FaultSeverity::Error, {"other target", key},
                Join({key, " is ", HexOf(handle, 4), ", a structure of ",
                      NameOf(users->second.FirstType)}));

@@ -114,10 +114,10 @@ TEST(TableFaultsTest, FindsWhatIsWrongWithEachStructure) {
       {"handles that name nothing, and those that should",
        Join({Structure(14, {0, 24, 1, 0, 24, 0xFF, 0xFF, 24, 0xFE, 0xFF, 24, 9, 0}), kFirst}),
        "0 14/0 error: item_handle is 0009h, which no structure has\n"},
-      {"handles of another type, and of several structures",
-       Join({Structure(35, {0, 255, 255, 1, 0, 255, 255}), kFirst, Numbered(1, 200),
+      {"handles of another type, of several structures, and of one that is inactive",
+       Join({Structure(35, {0, 255, 255, 1, 0, 4, 0}), kFirst, Numbered(1, 200),
              Numbered(2, 35, {0, 255, 255, 3, 0, 255, 255}), Numbered(3, 60),
-             Numbered(3, 28, Bytes(16))}),
+             Numbered(3, 28, Bytes(16)), Numbered(4, 126)}),
        "0 35/0 error: component_handle is 0001h, a structure of type 24 (Hardware Security)\n"
        "20 200/1 error: its handle is 0001h, as that of the structure at 000Dh\n"
        "45 28/3 error: its handle is 0003h, as that of the structure at 0027h\n"},
