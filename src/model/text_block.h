@@ -18,7 +18,7 @@ class InPlaceText {
   InPlaceText() = default;
   // NOLINTNEXTLINE(google-explicit-constructor): a text function returns the pieces of its line.
   InPlaceText(Pieces pieces) { Append(pieces); }
-  InPlaceText(InPlaceText&&) = default;
+  InPlaceText(InPlaceText&&) noexcept = default;
   InPlaceText& operator=(InPlaceText&&) = delete;
 
   void Append(Pieces pieces);

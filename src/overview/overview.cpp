@@ -16,23 +16,21 @@ using catalog::Structure;
 using catalog::StructureFields;
 using Quantity = std::optional<std::uint64_t>;
 
-enum Type : std::uint8_t {
-  kBios = 0,
-  kSystem = 1,
-  kBaseBoard = 2,
-  kChassis = 3,
-  kProcessor = 4,
-  kMemoryController = 5,
-  kMemoryModule = 6,
-  kCache = 7,
-  kPort = 8,
-  kSlot = 9,
-  kMemoryArray = 16,
-  kMemoryDevice = 17,
-  kBattery = 22,
-  kPowerSupply = 39,
-  kTpm = 43,
-};
+constexpr std::uint8_t kBios = 0;
+constexpr std::uint8_t kSystem = 1;
+constexpr std::uint8_t kBaseBoard = 2;
+constexpr std::uint8_t kChassis = 3;
+constexpr std::uint8_t kProcessor = 4;
+constexpr std::uint8_t kMemoryController = 5;
+constexpr std::uint8_t kMemoryModule = 6;
+constexpr std::uint8_t kCache = 7;
+constexpr std::uint8_t kPort = 8;
+constexpr std::uint8_t kSlot = 9;
+constexpr std::uint8_t kMemoryArray = 16;
+constexpr std::uint8_t kMemoryDevice = 17;
+constexpr std::uint8_t kBattery = 22;
+constexpr std::uint8_t kPowerSupply = 39;
+constexpr std::uint8_t kTpm = 43;
 
 constexpr std::uint64_t kHertzPerMegahertz = 1000000;
 
@@ -377,11 +375,16 @@ void Overview::ForEachSlot(const Take<SlotFacts>& take) const {
   constexpr std::uint64_t kInUse = 4;
   ForEachOfType(Scan, kSlot, [&](const StructureFields& fields) {
     const Quantity usage = fields.GetNumber("current_usage");
+    std::optional<bool> inUse;
+    if (usage == kInUse) {
+      inUse = true;
+    } else if (usage == kAvailable) {
+      inUse = false;
+    }
     take({
         .Designation = PlaceOf(fields, "slot_designation"),
         .Type = CodeOf(fields, "slot_type"),
-        .InUse =
-            usage == kInUse || usage == kAvailable ? std::optional(usage == kInUse) : std::nullopt,
+        .InUse = inUse,
     });
   });
 }

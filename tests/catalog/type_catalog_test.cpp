@@ -29,7 +29,7 @@ TEST(TypeCatalogTest, NamesEveryPublishedType) {
 TEST(TypeCatalogTest, FindsTheTextOfACodeOrItsRange) {
   const Code codes[] = {{1, "One"}, {0x80, 0xFE, "Range"}};
   std::string texts;
-  for (const std::uint64_t code : {0x00, 0x01, 0x02, 0x7F, 0x80, 0xFE, 0xFF}) {
+  for (const std::uint64_t code : {0x00U, 0x01U, 0x02U, 0x7FU, 0x80U, 0xFEU, 0xFFU}) {
     texts.append(FindText(codes, code)).append(";");
   }
   EXPECT_EQ(texts, ";One;;;Range;Range;;");

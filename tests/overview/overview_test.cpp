@@ -76,7 +76,7 @@ Bytes Device(std::uint8_t array, std::uint8_t low, std::uint8_t high) {
 }
 
 TEST(OverviewTest, CountsTheMemoryOfTheSystem) {
-  constexpr std::uint64_t kMiB = 1024 * 1024;
+  constexpr std::uint64_t kMiB = 1U << 20;
   const Bytes module = Structure(6, {1, 0, 0, 0x10, 1, 5, 5, 0}, {"SIMM 1"});
   const struct {
     const char* Name;

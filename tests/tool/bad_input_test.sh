@@ -118,9 +118,12 @@ done
 shows --image pair
 shows --image $'\xFF\x1B'
 shows --image no-pair --format raw --smbios-version 2.3
-# A file whose size the system does not know.
-[ "$(env -i $'\x7F\x04\x01\x01=' "$kestrel" report --image /proc/self/environ --format raw 2>err)" = \
+# A file whose size the system does not know: a table in the environment of a process.
+env -i $'\x7F\x04\x01\x01=' sleep 60 &
+until [ "$(cat "/proc/$!/comm")" = sleep ]; do :; done
+[ "$("$kestrel" report --image "/proc/$!/environ" --format raw 2>err)" = \
   "End-of-Table (Type 127)" ] || fail "a file of /proc is not shown"
+kill $!
 
 # What depends on the version warns where a table has none.
 none="kestrel: warning: a raw table has no version, so it is read as 2.3: give the right one with --smbios-version"

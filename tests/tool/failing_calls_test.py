@@ -16,7 +16,8 @@ KESTREL, FAILING_CALL = map(os.path.abspath, sys.argv[1:])
 MEMORY = "there is not enough memory: close other programs"
 READING = "'dump' cannot be read (Input/output error): name a file that can"
 READING_PAIR = "'pair' cannot be read (Input/output error): name a file that can"
-NO_FOLDER = "'pair' is not a file: name a saved image"
+NO_FOLDER = ("'pair' is not a file: name a saved image, or pass it on standard input "
+             "with --image -")
 PRINTING = "standard output cannot be written (Input/output error): write to a place that takes it"
 WRITING = "'out' cannot be written (Input/output error): write to a place that takes it"
 
@@ -30,6 +31,10 @@ CASES = {
     "list --image dump": {MEMORY, READING, PRINTING},
     "json --image dump -o out": {MEMORY, READING, WRITING},
     "check --image dump": {MEMORY, READING, PRINTING},
+    "overview --image dump": {MEMORY, READING, PRINTING},
+    "show --image dump": {MEMORY, READING, PRINTING},
+    "get bios-version --image dump": {MEMORY, READING, PRINTING},
+    "html --image dump -o out": {MEMORY, READING, WRITING},
     "check --frob": {MEMORY},
 }
 

@@ -24,6 +24,8 @@ check() {
 files="README.txt
 bin/Kestrel.dll
 bin/kestrel.exe
+copyright-mingw-w64.txt
+copyright.txt
 include/kestrel.h
 lib/cmake/kestrel/kestrel-config-version.cmake
 lib/cmake/kestrel/kestrel-config.cmake

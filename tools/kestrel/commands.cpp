@@ -180,7 +180,7 @@ std::unique_ptr<Output> OutputOf(const CommandLine& line) {
 
 void ComplainOf(const std::vector<std::string>& warnings, const std::string& name) {
   for (const std::string& warning : warnings) {
-    Complain("warning: " + name + warning);
+    Complain(Join({"warning: ", name, warning}));
   }
 }
 

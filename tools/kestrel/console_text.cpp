@@ -32,7 +32,7 @@ bool ArePlain(std::string_view lines) {
   if (!lines.ends_with(kTextLineEnd) || lines.front() == '\n') {
     return false;
   }
-  std::uint8_t others = static_cast<std::uint8_t>(!IsPlain(lines.front()) && lines.front() != '\r');
+  auto others = static_cast<std::uint8_t>(!IsPlain(lines.front()) && lines.front() != '\r');
   for (std::size_t index = 1; index < lines.size(); ++index) {
     const auto byte = static_cast<std::uint8_t>(lines[index]);
     const bool isPrintable = byte >= 0x20 && byte < 0x7F;

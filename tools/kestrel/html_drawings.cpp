@@ -274,7 +274,7 @@ void DrawSocket(HtmlWriter& html, const ProcessorFacts& processor) {
   const std::string socket = processor.Socket.empty() ? "Socket" : TextOfFirmware(processor.Socket);
   const std::uint64_t cores = isEmpty ? 0 : std::min(processor.Cores.value_or(0), kMostCores);
   const std::uint64_t rows = (cores + kCoresInRow - 1) / kCoresInRow;
-  const std::uint64_t levels = static_cast<std::uint64_t>(
+  const auto levels = static_cast<std::uint64_t>(
       std::count_if(processor.CacheBytes.begin(), processor.CacheBytes.end(),
                     [](const auto& bytes) { return bytes.value_or(0) != 0; }));
   const std::uint64_t height = 40 + rows * (kCore + 2) + (isEmpty ? 0 : levels * kBar);
