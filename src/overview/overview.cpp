@@ -1,9 +1,11 @@
 #include "overview/overview.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 #include "base/text.h"
+#include "catalog/meant_version.h"
 #include "catalog/uuid.h"
 #include "overview/placeholders.h"
 #include "overview/release_date.h"
@@ -31,6 +33,11 @@ constexpr std::uint8_t kMemoryDevice = 17;
 constexpr std::uint8_t kBattery = 22;
 constexpr std::uint8_t kPowerSupply = 39;
 constexpr std::uint8_t kTpm = 43;
+constexpr std::uint8_t kTypes[] = {
+    kBios,         kSystem,      kBaseBoard, kChassis, kProcessor,   kMemoryController,
+    kMemoryModule, kCache,       kPort,      kSlot,    kMemoryArray, kMemoryDevice,
+    kBattery,      kPowerSupply, kTpm,
+};
 
 constexpr std::uint64_t kHertzPerMegahertz = 1000000;
 
@@ -171,8 +178,8 @@ std::optional<Value> FindByHandle(const std::unordered_map<std::uint16_t, Value>
 }
 
 template <typename Visit>
-void ForEachOfType(const catalog::TableScan& scan, std::uint8_t type, Visit visit) {
-  for (const Structure& structure : scan.Structures) {
+void ForEachOfType(const std::deque<Structure>& structures, std::uint8_t type, Visit visit) {
+  for (const Structure& structure : structures) {
     if (structure.Type == type) {
       visit(StructureFields(structure));
     }
@@ -181,9 +188,14 @@ void ForEachOfType(const catalog::TableScan& scan, std::uint8_t type, Visit visi
 
 }  // namespace
 
-Overview::Overview(const catalog::TableScan& scan, SmbiosVersion version)
-    : Scan(scan), Version(version) {
-  for (const Structure& structure : scan.Structures) {
+Overview::Overview(const SmbiosTable& table)
+    : Version(catalog::MeantVersion(table.EntryPoint.Version)) {
+  catalog::StructureScanner scanner(table);
+  while (const auto found = scanner.Next()) {
+    if (std::find(std::begin(kTypes), std::end(kTypes), found->Type) == std::end(kTypes)) {
+      continue;
+    }
+    const Structure& structure = Structures.emplace_back(*found);
     const Structure*& first = FirstOfType[structure.Type];
     first = first != nullptr ? first : &structure;
     if (structure.Type == kCache) {
@@ -222,8 +234,8 @@ const Structure* Overview::FindBaseBoard() const {
     return structure.Type == kBaseBoard &&
            StructureFields(structure).GetBit("feature_flags", kHostingBoard) == true;
   };
-  const auto found = std::find_if(Scan.Structures.begin(), Scan.Structures.end(), hosts);
-  return found != Scan.Structures.end() ? &*found : FirstOfType[kBaseBoard];
+  const auto found = std::find_if(Structures.begin(), Structures.end(), hosts);
+  return found != Structures.end() ? &*found : FirstOfType[kBaseBoard];
 }
 
 BaseBoardFacts Overview::GetBaseBoard() const {
@@ -242,8 +254,8 @@ const Structure* Overview::FindChassis() const {
   const auto isNamed = [handle](const Structure& structure) {
     return structure.Type == kChassis && structure.Handle == handle;
   };
-  const auto found = std::find_if(Scan.Structures.begin(), Scan.Structures.end(), isNamed);
-  return found != Scan.Structures.end() ? &*found : FirstOfType[kChassis];
+  const auto found = std::find_if(Structures.begin(), Structures.end(), isNamed);
+  return found != Structures.end() ? &*found : FirstOfType[kChassis];
 }
 
 ChassisFacts Overview::GetChassis() const {
@@ -302,11 +314,11 @@ bool Overview::HasMemoryModules() const {
 
 void Overview::ForEachMemoryDevice(const Take<MemoryDeviceFacts>& take) const {
   if (HasMemoryModules()) {
-    ForEachOfType(Scan, kMemoryModule,
+    ForEachOfType(Structures, kMemoryModule,
                   [&](const StructureFields& module) { take(ModuleOf(module)); });
     return;
   }
-  ForEachOfType(Scan, kMemoryDevice, [&](const StructureFields& device) {
+  ForEachOfType(Structures, kMemoryDevice, [&](const StructureFields& device) {
     if (CountsAsMemory(device)) {
       take(DeviceOf(device));
     }
@@ -317,12 +329,12 @@ MemoryFacts Overview::GetMemory() const {
   Sum maximum;
   SameText correction;
   if (HasMemoryModules()) {
-    ForEachOfType(Scan, kMemoryController, [&](const StructureFields& controller) {
+    ForEachOfType(Structures, kMemoryController, [&](const StructureFields& controller) {
       maximum.Add(CapacityOf(controller));
       correction.Add(CodeOf(controller, "error_detecting_method"));
     });
   }
-  ForEachOfType(Scan, kMemoryArray, [&](const StructureFields& array) {
+  ForEachOfType(Structures, kMemoryArray, [&](const StructureFields& array) {
     if (IsForSystemMemory(array)) {
       maximum.Add(array.GetQuantity("maximum_capacity_bytes"));
       correction.Add(CodeOf(array, "memory_error_correction"));
@@ -347,7 +359,7 @@ MemoryFacts Overview::GetMemory() const {
 
 void Overview::ForEachProcessor(const Take<ProcessorFacts>& take) const {
   constexpr std::uint8_t kPopulated = 6;
-  ForEachOfType(Scan, kProcessor, [&](const StructureFields& fields) {
+  ForEachOfType(Structures, kProcessor, [&](const StructureFields& fields) {
     ProcessorFacts processor = {
         .Socket = PlaceOf(fields, "socket_designation"),
         .Populated = fields.GetBit("status", kPopulated),
@@ -373,7 +385,7 @@ void Overview::ForEachProcessor(const Take<ProcessorFacts>& take) const {
 void Overview::ForEachSlot(const Take<SlotFacts>& take) const {
   constexpr std::uint64_t kAvailable = 3;
   constexpr std::uint64_t kInUse = 4;
-  ForEachOfType(Scan, kSlot, [&](const StructureFields& fields) {
+  ForEachOfType(Structures, kSlot, [&](const StructureFields& fields) {
     const Quantity usage = fields.GetNumber("current_usage");
     std::optional<bool> inUse;
     if (usage == kInUse) {
@@ -390,7 +402,7 @@ void Overview::ForEachSlot(const Take<SlotFacts>& take) const {
 }
 
 void Overview::ForEachPort(const Take<PortFacts>& take) const {
-  ForEachOfType(Scan, kPort, [&](const StructureFields& fields) {
+  ForEachOfType(Structures, kPort, [&](const StructureFields& fields) {
     const std::string_view designation = PlaceOf(fields, "external_reference_designator");
     const std::string_view connector = Unless("None", CodeOf(fields, "external_connector_type"));
     take({
@@ -405,7 +417,7 @@ void Overview::ForEachPort(const Take<PortFacts>& take) const {
 
 void Overview::ForEachPowerSupply(const Take<PowerSupplyFacts>& take) const {
   constexpr std::uint8_t kPresent = 1;
-  ForEachOfType(Scan, kPowerSupply, [&](const StructureFields& fields) {
+  ForEachOfType(Structures, kPowerSupply, [&](const StructureFields& fields) {
     take({
         .Location = PlaceOf(fields, "location"),
         .Name = TextOf(fields, "device_name"),
@@ -418,7 +430,7 @@ void Overview::ForEachPowerSupply(const Take<PowerSupplyFacts>& take) const {
 }
 
 void Overview::ForEachBattery(const Take<BatteryFacts>& take) const {
-  ForEachOfType(Scan, kBattery, [&](const StructureFields& fields) {
+  ForEachOfType(Structures, kBattery, [&](const StructureFields& fields) {
     const std::string_view chemistry = CodeOf(fields, "device_chemistry");
     take({
         .Name = TextOf(fields, "device_name"),

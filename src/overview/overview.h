@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -143,8 +144,8 @@ struct TpmFacts {
 //   that have neither arrays nor devices (types 16, 17) have memory controllers and modules (5, 6).
 class Overview {
  public:
-  // The scan must outlive the overview.
-  Overview(const catalog::TableScan& scan, SmbiosVersion version);
+  // Keeps 56 bytes for each structure that it is made of. The table must outlive the overview.
+  explicit Overview(const SmbiosTable& table);
 
   SystemFacts GetSystem() const;
   BaseBoardFacts GetBaseBoard() const;
@@ -172,8 +173,9 @@ class Overview {
   // Whether memory is described as it was before there were arrays and devices.
   bool HasMemoryModules() const;
 
-  const catalog::TableScan& Scan;
   SmbiosVersion Version;
+  // Those of the types that the overview is made of. They keep their places as more come.
+  std::deque<catalog::Structure> Structures;
   // The first structure of each type.
   std::array<const catalog::Structure*, 256> FirstOfType{};
   // What each cache holds, and whether each array is for system memory, by handle. Of several with

@@ -121,8 +121,9 @@ TEST(OverviewTest, CountsTheMemoryOfTheSystem) {
        "64-bit ECC"},
   };
   for (const auto& test : cases) {
-    const catalog::TableScan scan = catalog::ScanTable(test.Table, {});
-    const MemoryFacts memory = Overview(scan, {2, 8}).GetMemory();
+    SmbiosTable table;
+    table.Bytes = test.Table;
+    const MemoryFacts memory = Overview(table).GetMemory();
     const auto toBytes = [](std::optional<std::uint64_t> mib) {
       return mib ? std::optional(*mib * kMiB) : std::nullopt;
     };

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "sample/sample_table.h"
 #include "tests/support/tables.h"
 
 namespace kestrel {
@@ -99,7 +100,63 @@ TEST(JsonDocumentTest, ShowsEveryKindOfField) {
       R"({"offset": 135,"handle": 0,"type": 60,"name": null,"length": 6,"fields": {},)"
       R"("strings": [],"data": "3c0600000102"},)"
       R"({"offset": 143,"handle": 65535,"type": 200,"name": "OEM","length": 4,"fields": {},)"
-      R"("strings": ["Any"],"data": "c804ffff"}]})");
+      R"("strings": ["Any"],"data": "c804ffff"}],"overview": {)"
+      R"("system": {"manufacturer": "Maker €\u0081ÿ","product_name": "PC\u007f\"\\\u0001",)"
+      R"("version": null,"serial_number": null,"uuid": null,"sku_number": null,"family": null},)"
+      R"("base_board": {"manufacturer": null,"product": null,"version": null,)"
+      R"("serial_number": null,"asset_tag": null},"chassis": {"manufacturer": null,)"
+      R"("type": "Desktop","version": null,"serial_number": null,"asset_tag": null},)"
+      R"("bios": {"vendor": null,"version": null,"release_date": null,"rom_size_bytes": null,)"
+      R"("uefi": null,"virtual_machine": null},"processors": [],)"
+      R"("memory": {"installed_bytes": null,"maximum_bytes": null,"slots": null,)"
+      R"("slots_used": null,"error_correction": null,"devices": []},"slots": [],"ports": [],)"
+      R"("power_supplies": [],"batteries": [],"tpm": {"vendor": "IFX","version": null}}})");
+}
+
+TEST(JsonDocumentTest, ShowsTheSampleAtAGlance) {
+  SmbiosTable table;
+  table.Bytes = MakeSampleTable();
+  table.EntryPoint.Version = kSampleVersion;
+  TextOutput output;
+  WriteJsonDocument(table, {.OneLine = true, .OnlyOverview = true}, output);
+  output.Finish();
+  EXPECT_EQ(output.GetText(),
+            R"({"schema":1,"smbios":{"version":"2.3","entry_point":null,"table_length":0},)"
+            R"("overview":{"system":{"manufacturer":"Alderwick Computers",)"
+            R"("product_name":"Tarn 2400","version":"Revision B",)"
+            R"("serial_number":"AW-2002-004711","uuid":"5A0C2400-11D6-4B02-9F31-00407E1820A2",)"
+            R"("sku_number":null,"family":null},)"
+            R"("base_board":{"manufacturer":"Alderwick Computers","product":"TN24 main board",)"
+            R"("version":"B2","serial_number":"TB-118204","asset_tag":null},)"
+            R"("chassis":{"manufacturer":"Alderwick Computers","type":"Mini Tower",)"
+            R"("version":"T-Case 3","serial_number":"TC-77120","asset_tag":"Desk 14"},)"
+            R"("bios":{"vendor":"Alderwick Firmware Works","version":"TN24-1.07",)"
+            R"("release_date":"2002-05-14","rom_size_bytes":524288,"uefi":null,)"
+            R"("virtual_machine":null},"processors":[{"socket":"CPU 1","populated":true,)"
+            R"("manufacturer":"Quern Microdevices","version":"Quern Q4 2.40","cores":null,)"
+            R"("cores_enabled":null,"threads":null,"maximum_speed_megahertz":2400,)"
+            R"("current_speed_megahertz":2400,"l1_cache_bytes":8192,"l2_cache_bytes":524288,)"
+            R"("l3_cache_bytes":null}],"memory":{"installed_bytes":268435456,)"
+            R"("maximum_bytes":1073741824,"slots":2,"slots_used":1,)"
+            R"("error_correction":"Single-bit ECC","devices":[{"locator":"DIMM 1",)"
+            R"("bank":"Bank 0","size_bytes":268435456,"form_factor":"DIMM","type":"SDRAM",)"
+            R"("speed_megatransfers_per_second":266,)"
+            R"("configured_speed_megatransfers_per_second":null,"manufacturer":"Tessel Memory",)"
+            R"("part_number":"TM256-266E","serial_number":"TM-20419"},{"locator":"DIMM 2",)"
+            R"("bank":"Bank 1","size_bytes":0,"form_factor":"DIMM","type":null,)"
+            R"("speed_megatransfers_per_second":null,)"
+            R"("configured_speed_megatransfers_per_second":null,"manufacturer":null,)"
+            R"("part_number":null,"serial_number":null}]},"slots":[{"designation":"AGP",)"
+            R"("type":"AGP 4X","in_use":true},{"designation":"PCI 1","type":"PCI",)"
+            R"("in_use":false}],"ports":[{"designation":"Keyboard","connector":"PS/2",)"
+            R"("type":"Keyboard Port"},{"designation":"J9 Primary IDE",)"
+            R"("connector":"On Board IDE","type":"Other"},{"designation":"USB 1",)"
+            R"-("connector":"Access Bus (USB)","type":"USB"}],)-"
+            R"("power_supplies":[{"location":"Rear","name":"Supply 1",)"
+            R"("manufacturer":"Garth Power","serial_number":"GP-31007","maximum_watts":250,)"
+            R"("present":true}],"batteries":[{"name":"CC-44","manufacturer":"Corrie Cells",)"
+            R"("design_capacity_milliwatt_hours":44000,"chemistry":"Lithium-ion"}],"tpm":null}})"
+            "\n");
 }
 
 TEST(JsonDocumentTest, ChoosesTypesAndTellsWhatIsUnknown) {
@@ -125,7 +182,7 @@ TEST(JsonDocumentTest, ChoosesTypesAndTellsWhatIsUnknown) {
   ]
 }
 )");
-  EXPECT_THAT(DocumentOf({}, {2, 3}), testing::EndsWith("\n  \"structures\": []\n}\n"));
+  EXPECT_THAT(DocumentOf({}, {2, 3}), testing::HasSubstr("\n  \"structures\": [],\n"));
 }
 
 TEST(JsonDocumentTest, EndsAtTheFirstFieldThatIsCut) {

@@ -9,9 +9,10 @@
 namespace kestrel {
 namespace {
 
-std::string OverviewOf(const Bytes& table, const catalog::FaultList& faults) {
-  const catalog::TableScan scan = catalog::ScanTable(table, {});
-  return OverviewText(Overview(scan, kSampleVersion), faults);
+std::string OverviewOf(const Bytes& bytes, const catalog::FaultList& faults) {
+  SmbiosTable table;
+  table.Bytes = bytes;
+  return OverviewText(Overview(table), faults);
 }
 
 TEST(OverviewTextTest, ShowsTheSample) {

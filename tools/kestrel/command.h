@@ -16,16 +16,17 @@
 namespace kestrel {
 
 // What a command takes: bits of Command::Options.
-inline constexpr unsigned kTakesSource = 1;     // the options that choose a table
-inline constexpr unsigned kTakesExact = 2;      // --exact
-inline constexpr unsigned kTakesOutput = 4;     // -o FILE
-inline constexpr unsigned kTakesNewFile = 8;    // FILE, and --force
-inline constexpr unsigned kTakesTypes = 16;     // --type N, any number of times
-inline constexpr unsigned kTakesHandle = 32;    // --handle H
-inline constexpr unsigned kTakesKeywords = 64;  // KEYWORD, any number of them
-inline constexpr unsigned kTakesLines = 128;    // --lines, and --images-from LIST
+inline constexpr unsigned kTakesSource = 1;      // the options that choose a table
+inline constexpr unsigned kTakesExact = 2;       // --exact
+inline constexpr unsigned kTakesOutput = 4;      // -o FILE
+inline constexpr unsigned kTakesNewFile = 8;     // FILE, and --force
+inline constexpr unsigned kTakesTypes = 16;      // --type N, any number of times
+inline constexpr unsigned kTakesHandle = 32;     // --handle H
+inline constexpr unsigned kTakesKeywords = 64;   // KEYWORD, any number of them
+inline constexpr unsigned kTakesLines = 128;     // --lines, and --images-from LIST
+inline constexpr unsigned kTakesOverview = 256;  // --overview
 // Shows the same of a table whatever version it is read as.
-inline constexpr unsigned kIgnoresVersion = 256;
+inline constexpr unsigned kIgnoresVersion = 512;
 
 struct CommandRun;
 
@@ -52,6 +53,8 @@ struct CommandLine {
   std::optional<std::filesystem::path> Output;
   // The types of structures that are wanted; all where there are none.
   std::vector<std::uint8_t> Types;
+  // The overview instead of the structures.
+  bool OnlyOverview = false;
   // The handle of the structures that are wanted.
   std::optional<std::uint16_t> Handle;
   // What values are wanted, in order.

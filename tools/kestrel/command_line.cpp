@@ -139,6 +139,10 @@ void AddOptions(CLI::App& app, CommandLine& line) {
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->trigger_on_parse();
   }
+  if ((options & kTakesOverview) != 0) {
+    app.add_flag("--overview", line.OnlyOverview, "The machine at a glance instead of structures")
+        ->excludes(app.get_option("--type"));
+  }
   if ((options & kTakesHandle) != 0) {
     const auto setHandle = [&line](const std::string& text) {
       line.Handle = ToHandle(text);

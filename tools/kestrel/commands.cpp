@@ -84,8 +84,10 @@ void WriteCheck(CommandRun& run, Output& output) {
 }
 
 void WriteJson(CommandRun& run, Output& output) {
-  const JsonOptions options = {
-      .OneLine = run.Line.Lines, .Source = run.NameInList, .Types = run.Line.Types};
+  const JsonOptions options = {.OneLine = run.Line.Lines,
+                               .Source = run.NameInList,
+                               .Types = run.Line.Types,
+                               .OnlyOverview = run.Line.OnlyOverview};
   Warn(run, NotesOnEnd(WriteJsonDocument(run.Table, options, output)));
 }
 
@@ -98,7 +100,7 @@ void WriteOverview(CommandRun& run, Output& output) {
   catalog::FaultList faults = catalog::FindFaults(run.Table, view.Scan);
   AddWalkFaults(faults, view.Comparison);
   Warn(run, NotesOnEnd(view.Scan));
-  const std::string text = OverviewText(Overview(view.Scan, MeantVersionOf(run.Table)), faults);
+  const std::string text = OverviewText(Overview(run.Table), faults);
   if (text.empty()) {
     throw ToolError("the table says nothing of the machine: see what it has with 'kestrel list'");
   }
@@ -162,7 +164,7 @@ constexpr Command kCommands[] = {
     {"list", "A line per structure: offset, type, length, handle, name",
      kTakesSource | kIgnoresVersion, WriteList},
     {"json", "Every structure, decoded by the current standard, as JSON",
-     kTakesSource | kTakesTypes | kTakesLines | kTakesOutput, WriteJson,
+     kTakesSource | kTakesTypes | kTakesOverview | kTakesLines | kTakesOutput, WriteJson,
      "The manual page describes the document."},
     {"check", "A line per fault of the table; ends with 3 where there is an error",
      kTakesSource | kTakesLines, WriteCheck},

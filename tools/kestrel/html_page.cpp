@@ -405,7 +405,7 @@ void WriteStructures(HtmlWriter& html, const SmbiosTable& table, const catalog::
 
 void WriteHtmlPage(const SmbiosTable& table, const catalog::TableScan& scan,
                    const catalog::FaultList& faults, Output& output) {
-  const Overview overview(scan, catalog::MeantVersion(table.EntryPoint.Version));
+  const Overview overview(table);
   HandleNames names(scan);
   HtmlWriter html(output);
   HtmlTemplate page(kPageTemplate, output);

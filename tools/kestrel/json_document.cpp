@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <rapidjson/prettywriter.h>
-#include <rapidjson/writer.h>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -17,6 +15,8 @@
 #include "catalog/type_catalog.h"
 #include "catalog/uuid.h"
 #include "tools/kestrel/json_text.h"
+#include "tools/kestrel/json_writer.h"
+#include "tools/kestrel/overview_json.h"
 
 namespace kestrel {
 
@@ -28,74 +28,6 @@ using catalog::FieldKind;
 using catalog::Structure;
 
 constexpr unsigned kSchema = 1;
-constexpr unsigned kIndent = 2;
-// How deep documents go at most.
-constexpr std::size_t kMostLevels = 16;
-
-// An output, as RapidJSON wants to write to it.
-class JsonStream {
- public:
-  using Ch = char;
-
-  explicit JsonStream(Output& output) : Target(output) {}
-
-  void Put(char character) { Target.Write(character); }
-  void Put(std::string_view text) { Target.Write(text); }
-  // What is held back at the end of a document is passed on by those who know what follows it.
-  void Flush() const {}
-
- private:
-  Output& Target;
-};
-
-// RapidJSON takes this for an indent; its own puts one blank after the other, which costs 6%.
-void PutN(JsonStream& stream, char character, std::size_t count) {
-  constexpr std::string_view kBlanks = "                                ";
-  static_assert(kBlanks.size() >= kIndent * kMostLevels);
-  static_cast<void>(character);
-  stream.Put(kBlanks.substr(0, count));
-}
-
-// Room for the levels of a document. RapidJSON does not look whether it gets memory, so it has to
-// get none.
-using LevelRoom = std::array<std::size_t, 256>;
-using LevelAllocator = rapidjson::MemoryPoolAllocator<>;
-using Utf8 = rapidjson::UTF8<>;
-
-// A writer of RapidJSON that copies texts instead of writing them byte by byte, which costs 20%.
-template <typename Base, bool IsIndented>
-class TextWriter : public Base {
- public:
-  using Base::Base;
-
-  // A text without anything to escape.
-  bool PlainText(std::string_view text) {
-    Begin();
-    this->os_->Put('"');
-    this->os_->Put(text);
-    this->os_->Put('"');
-    return true;
-  }
-  // A text that is quoted and escaped already.
-  bool QuotedText(std::string_view text) {
-    Begin();
-    this->os_->Put(text);
-    return true;
-  }
-
- private:
-  void Begin() {
-    if constexpr (IsIndented) {
-      this->PrettyPrefix(rapidjson::kStringType);
-    } else {
-      this->Prefix(rapidjson::kStringType);
-    }
-  }
-};
-
-using LineWriter = TextWriter<rapidjson::Writer<JsonStream, Utf8, Utf8, LevelAllocator>, false>;
-using IndentedWriter =
-    TextWriter<rapidjson::PrettyWriter<JsonStream, Utf8, Utf8, LevelAllocator>, true>;
 
 // The strings of a structure as JSON, each converted once however many fields name it.
 class QuotedStrings {
@@ -153,8 +85,8 @@ class DocumentWriter {
  public:
   explicit DocumentWriter(Output& output)
       : Stream(output), Levels(Room.data(), sizeof(Room)), Json(Stream, &Levels) {
-    if constexpr (std::is_same_v<Writer, IndentedWriter>) {
-      Json.SetIndent(' ', kIndent);
+    if constexpr (std::is_same_v<Writer, JsonIndentedWriter>) {
+      Json.SetIndent(' ', kJsonIndent);
     }
   }
 
@@ -165,18 +97,14 @@ class DocumentWriter {
       Utf8("source", *options.Source);
     }
     WriteEntryPoint(table.EntryPoint);
-    Key("structures");
-    Json.StartArray();
-    catalog::StructureScanner scanner(table);
-    while (const auto structure = scanner.Next()) {
-      const auto types = options.Types;
-      if (types.empty() || std::find(types.begin(), types.end(), structure->Type) != types.end()) {
-        WriteStructure(*structure);
-      }
+    const catalog::ScanEnd end =
+        options.OnlyOverview ? FindEnd(table) : WriteStructures(table, options.Types);
+    if (options.Types.empty()) {
+      Key("overview");
+      WriteJsonOverview(Json, Overview(table));
     }
-    Json.EndArray();
     End();
-    return scanner.GetEnd();
+    return end;
   }
 
   void WriteFaults(const catalog::FaultList& faults, std::optional<std::string_view> source) {
@@ -225,27 +153,31 @@ class DocumentWriter {
   template <typename Integer>
   void NumberOrNull(std::string_view key, const std::optional<Integer>& value) {
     Key(key);
-    value ? Json.Uint64(*value) : Json.Null();
+    Json.UintOrNull(value);
   }
   // A text of the tool's own; null where it is empty.
   void TextOrNull(std::string_view text) {
     text.empty() ? Json.Null() : Json.String(text.data(), SizeOf(text));
   }
-  // A JSON string; null where there is none.
-  void QuotedOrNull(std::string_view quoted) {
-    quoted.empty() ? Json.Null() : Json.QuotedText(quoted);
-  }
   void Utf8(std::string_view key, std::string_view text) {
     Key(key);
     Scratch.clear();
     AppendQuotedUtf8(Scratch, text);
-    QuotedOrNull(Scratch);
+    Json.QuotedOrNull(Scratch);
   }
   void Hex(std::span<const std::uint8_t> bytes) {
     Scratch.clear();
     AppendQuotedHex(Scratch, bytes);
-    QuotedOrNull(Scratch);
+    Json.QuotedOrNull(Scratch);
   }
+
+  static catalog::ScanEnd FindEnd(const SmbiosTable& table) {
+    catalog::StructureScanner scanner(table);
+    while (scanner.Next()) {
+    }
+    return scanner.GetEnd();
+  }
+  catalog::ScanEnd WriteStructures(const SmbiosTable& table, std::span<const std::uint8_t> types);
 
   void WriteEntryPoint(const EntryPointFacts& entryPoint);
   void WriteFault(const catalog::Fault& fault);
@@ -260,8 +192,8 @@ class DocumentWriter {
   void WriteList(const DecodedField& field);
 
   JsonStream Stream;
-  LevelRoom Room;
-  LevelAllocator Levels;
+  JsonLevelRoom Room;
+  JsonLevelAllocator Levels;
   Writer Json;
   SmbiosVersion Version;
   QuotedStrings Strings;
@@ -306,6 +238,21 @@ void DocumentWriter<Writer>::WriteFault(const catalog::Fault& fault) {
 }
 
 template <typename Writer>
+catalog::ScanEnd DocumentWriter<Writer>::WriteStructures(const SmbiosTable& table,
+                                                         std::span<const std::uint8_t> types) {
+  Key("structures");
+  Json.StartArray();
+  catalog::StructureScanner scanner(table);
+  while (const auto structure = scanner.Next()) {
+    if (types.empty() || std::find(types.begin(), types.end(), structure->Type) != types.end()) {
+      WriteStructure(*structure);
+    }
+  }
+  Json.EndArray();
+  return scanner.GetEnd();
+}
+
+template <typename Writer>
 void DocumentWriter<Writer>::WriteStructure(const Structure& structure) {
   Strings.Set(structure);
   Json.StartObject();
@@ -321,7 +268,7 @@ void DocumentWriter<Writer>::WriteStructure(const Structure& structure) {
   Key("strings");
   Json.StartArray();
   for (std::string_view strings = Strings.GetAll(); !strings.empty();) {
-    QuotedOrNull(QuotedStrings::TakeFirst(strings));
+    Json.QuotedOrNull(QuotedStrings::TakeFirst(strings));
   }
   Json.EndArray();
   Key("data");
@@ -353,7 +300,7 @@ void DocumentWriter<Writer>::WriteValue(const DecodedField& field) {
       Json.Uint64(field.Number);
       break;
     case FieldKind::String:
-      QuotedOrNull(Strings.Get(field.Number));
+      Json.QuotedOrNull(Strings.Get(field.Number));
       break;
     case FieldKind::Code:
       WriteCode(field.Number, definition.Codes);
@@ -445,7 +392,7 @@ void DocumentWriter<Writer>::WriteCharacters(std::span<const std::uint8_t> bytes
   const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   Scratch.clear();
   AppendQuotedFirmwareText(Scratch, text);
-  QuotedOrNull(Scratch);
+  Json.QuotedOrNull(Scratch);
 }
 
 template <typename Writer>
@@ -462,17 +409,17 @@ void DocumentWriter<Writer>::WriteList(const DecodedField& field) {
 
 catalog::ScanEnd WriteJsonDocument(const SmbiosTable& table, const JsonOptions& options,
                                    Output& output) {
-  return options.OneLine ? DocumentWriter<LineWriter>(output).WriteTable(table, options)
-                         : DocumentWriter<IndentedWriter>(output).WriteTable(table, options);
+  return options.OneLine ? DocumentWriter<JsonLineWriter>(output).WriteTable(table, options)
+                         : DocumentWriter<JsonIndentedWriter>(output).WriteTable(table, options);
 }
 
 void WriteJsonFaults(const catalog::FaultList& faults, std::optional<std::string_view> source,
                      Output& output) {
-  DocumentWriter<LineWriter>(output).WriteFaults(faults, source);
+  DocumentWriter<JsonLineWriter>(output).WriteFaults(faults, source);
 }
 
 void WriteJsonError(std::string_view source, std::string_view message, Output& output) {
-  DocumentWriter<LineWriter>(output).WriteError(source, message);
+  DocumentWriter<JsonLineWriter>(output).WriteError(source, message);
 }
 
 }  // namespace kestrel

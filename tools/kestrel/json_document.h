@@ -18,8 +18,10 @@ struct JsonOptions {
   bool OneLine = false;
   // The name that the table came by, where that is a part of the document. See WriteSource.
   std::optional<std::string_view> Source = std::nullopt;
-  // Only structures of these types; all where there are none.
+  // Only structures of these types, and no overview; all where there are none.
   std::span<const std::uint8_t> Types = {};
+  // The overview instead of the structures.
+  bool OnlyOverview = false;
 };
 
 // All JSON is UTF-8 and ends in "\n", the same bytes for the same table on every system. Control
@@ -27,7 +29,8 @@ struct JsonOptions {
 // name or a message becomes U+FFFD.
 
 // Writes the document of a table, and returns where and why its structures end. Takes little room
-// besides the table: at most six times what the strings of one structure take.
+// besides the table: at most six times what the strings of one structure take, and what an overview
+// keeps.
 //
 // The document has at most 760 times as many bytes as the table, where 125 fields name one string
 // of control characters; without such strings 140 times, and of real tables some 30 times.
