@@ -61,17 +61,23 @@ class FieldReader {
 
   // Whether all of them are there.
   bool Read(std::span<const Field> fields);
+  // Reads a field at a fixed place by itself.
+  std::optional<DecodedValue> ReadAlone(std::span<const Field> fields, std::string_view key);
 
   std::size_t GetPosition() const { return Position; }
   DecodedFields TakeFields() { return std::move(Fields); }
 
  private:
   std::size_t Left() const { return Bytes.size() - Position; }
+  void SetBefore(std::span<const std::uint8_t> bytes) {
+    BytesBefore = bytes;
+    NumberBefore = bytes.size() <= sizeof(std::uint64_t) ? ReadNumber(bytes, 0, bytes.size()) : 0;
+  }
   std::size_t SizeOf(const Field& field) const;
   std::optional<std::uint64_t> Convert(const ConversionRule& rule) const;
   std::size_t CountOf(const List& list) const;
-  DecodedField MakeOfNumberBefore(const Field& field) const;
-  DecodedField MakeOfBytes(const Field& field, std::span<const std::uint8_t> bytes) const;
+  DecodedValue MakeOfNumberBefore(const Field& field) const;
+  DecodedValue MakeOfBytes(const Field& field, std::span<const std::uint8_t> bytes) const;
   bool ReadList(const Field& field);
   std::size_t SizeOfEntry(const List& list) const;
   bool ReadEntry(const List& list, std::size_t size, std::vector<DecodedFields>& entries);
@@ -88,7 +94,7 @@ class FieldReader {
 bool FieldReader::Read(std::span<const Field> fields) {
   for (const Field& field : fields) {
     if (IsMadeOfNumberBefore(field)) {
-      Fields.push_back(MakeOfNumberBefore(field));
+      Fields.push_back({MakeOfNumberBefore(field), {}});
       continue;
     }
     if (field.Kind == FieldKind::List) {
@@ -104,22 +110,40 @@ bool FieldReader::Read(std::span<const Field> fields) {
     const auto bytes = Bytes.subspan(Position, size);
     Position += size;
     if (field.Kind != FieldKind::Reserved) {
-      BytesBefore = bytes;
-      NumberBefore = size <= sizeof(std::uint64_t) ? ReadNumber(bytes, 0, size) : 0;
-      Fields.push_back(MakeOfBytes(field, bytes));
+      SetBefore(bytes);
+      Fields.push_back({MakeOfBytes(field, bytes), {}});
     }
   }
   return true;
 }
 
-DecodedField FieldReader::MakeOfNumberBefore(const Field& field) const {
+std::optional<DecodedValue> FieldReader::ReadAlone(std::span<const Field> fields,
+                                                   std::string_view key) {
+  const auto field = std::find_if(fields.begin(), fields.end(),
+                                  [key](const Field& other) { return other.Key == key; });
+  if (field == fields.end()) {
+    return std::nullopt;
+  }
+  auto place = field;
+  while (IsMadeOfNumberBefore(*place)) {
+    --place;
+  }
+  const std::size_t end = std::size_t{place->Offset} + place->Width;
+  if (place->Offset == kFollows || place->Width == 0 || end > Bytes.size()) {
+    return std::nullopt;
+  }
+  SetBefore(Bytes.subspan(place->Offset, place->Width));
+  return field == place ? MakeOfBytes(*field, BytesBefore) : MakeOfNumberBefore(*field);
+}
+
+DecodedValue FieldReader::MakeOfNumberBefore(const Field& field) const {
   const auto number = Convert(field.Conversion);
   return {.Definition = &field, .Number = number.value_or(0), .IsKnown = number.has_value()};
 }
 
-DecodedField FieldReader::MakeOfBytes(const Field& field,
+DecodedValue FieldReader::MakeOfBytes(const Field& field,
                                       std::span<const std::uint8_t> bytes) const {
-  DecodedField decoded = {.Definition = &field, .Bytes = bytes, .Number = NumberBefore};
+  DecodedValue decoded = {.Definition = &field, .Bytes = bytes, .Number = NumberBefore};
   if (field.Kind == FieldKind::Quantity) {
     decoded = MakeOfNumberBefore(field);
     decoded.Bytes = bytes;
@@ -185,7 +209,7 @@ std::size_t FieldReader::SizeOfEntry(const List& list) const {
 bool FieldReader::ReadList(const Field& field) {
   const List& list = *field.Entries;
   const std::size_t index = Fields.size();
-  Fields.push_back({.Definition = &field});
+  Fields.push_back({{.Definition = &field}, {}});
   const bool toTheEnd = list.CountRule == List::Count::ToTheEnd;
   for (std::size_t count = CountOf(list); count > 0; --count) {
     if (toTheEnd && Left() == 0) {
@@ -224,6 +248,12 @@ DecodedFields DecodeFields(const Structure& structure, const StructureType& type
   FieldReader reader(structure.Formatted, structure.Formatted, kHeaderSize);
   reader.Read(type.Fields);
   return reader.TakeFields();
+}
+
+std::optional<DecodedValue> DecodeField(const Structure& structure, const StructureType& type,
+                                        std::string_view key) {
+  return FieldReader(structure.Formatted, structure.Formatted, kHeaderSize)
+      .ReadAlone(type.Fields, key);
 }
 
 }  // namespace kestrel::catalog

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "catalog/structure_scan.h"
@@ -12,8 +14,8 @@ namespace kestrel::catalog {
 struct DecodedField;
 using DecodedFields = std::vector<DecodedField>;
 
-// A field of a structure. Its views live as long as the bytes of the table.
-struct DecodedField {
+// What a field says. Its views live as long as the bytes of the table.
+struct DecodedValue {
   const Field* Definition = nullptr;
   // The bytes that it takes; none for a list and for what is made of the field before it.
   // Characters are without zeros at either end.
@@ -24,6 +26,10 @@ struct DecodedField {
   // Not where firmware says that it does not know, or where the number has no meaning: of a
   // quantity, of what is made of the field before it, and of a UUID that is not set.
   bool IsKnown = true;
+};
+
+// A field of a structure.
+struct DecodedField : DecodedValue {
   // The entries of a list. An entry of a list of plain values has one field.
   std::vector<DecodedFields> Entries = {};
 };
@@ -32,5 +38,10 @@ struct DecodedField {
 // structure's Length reaches to its end; the first one that is cut, or whose entries are, is the
 // end. A list keeps the entries before the one that is cut.
 DecodedFields DecodeFields(const Structure& structure, const StructureType& type);
+
+// One of these fields, without decoding the others. Only of fields at a fixed place, which lists
+// and what comes after them are not.
+std::optional<DecodedValue> DecodeField(const Structure& structure, const StructureType& type,
+                                        std::string_view key);
 
 }  // namespace kestrel::catalog

@@ -1,39 +1,25 @@
 #include "catalog/structure_fields.h"
 
-#include <algorithm>
-
 #include "base/table_cursor.h"
 #include "catalog/type_catalog.h"
 
 namespace kestrel::catalog {
 
-namespace {
-
-DecodedFields FieldsOf(const Structure& structure) {
-  const StructureType* type = FindStructureType(structure.Type);
-  return type != nullptr ? DecodeFields(structure, *type) : DecodedFields();
-}
-
-}  // namespace
-
 StructureFields::StructureFields(const Structure& structure)
-    : Source(structure), Fields(FieldsOf(structure)) {}
+    : Source(structure), Type(FindStructureType(structure.Type)) {}
 
-const DecodedField* StructureFields::Find(std::string_view key) const {
-  const auto field = std::find_if(Fields.begin(), Fields.end(), [key](const DecodedField& decoded) {
-    return decoded.Definition->Key == key;
-  });
-  return field != Fields.end() ? &*field : nullptr;
+std::optional<DecodedValue> StructureFields::Find(std::string_view key) const {
+  return Type != nullptr ? DecodeField(Source, *Type, key) : std::nullopt;
 }
 
 std::optional<std::uint64_t> StructureFields::GetNumber(std::string_view key) const {
-  const DecodedField* field = Find(key);
-  return field != nullptr ? std::optional(field->Number) : std::nullopt;
+  const std::optional<DecodedValue> field = Find(key);
+  return field ? std::optional(field->Number) : std::nullopt;
 }
 
 std::optional<std::uint64_t> StructureFields::GetQuantity(std::string_view key) const {
-  const DecodedField* field = Find(key);
-  return field != nullptr && field->IsKnown ? std::optional(field->Number) : std::nullopt;
+  const std::optional<DecodedValue> field = Find(key);
+  return field && field->IsKnown ? std::optional(field->Number) : std::nullopt;
 }
 
 std::string_view StructureFields::GetString(std::string_view key) const {
@@ -41,13 +27,13 @@ std::string_view StructureFields::GetString(std::string_view key) const {
 }
 
 std::string_view StructureFields::GetCharacters(std::string_view key) const {
-  const DecodedField* field = Find(key);
-  return field != nullptr ? TableCursor(field->Bytes).String() : std::string_view();
+  const std::optional<DecodedValue> field = Find(key);
+  return field ? TableCursor(field->Bytes).String() : std::string_view();
 }
 
 std::string_view StructureFields::GetCodeText(std::string_view key) const {
-  const DecodedField* field = Find(key);
-  if (field == nullptr) {
+  const std::optional<DecodedValue> field = Find(key);
+  if (!field) {
     return {};
   }
   for (const Part& part : field->Definition->Parts) {
@@ -59,8 +45,8 @@ std::string_view StructureFields::GetCodeText(std::string_view key) const {
 }
 
 std::string_view StructureFields::GetPartText(std::string_view key, std::string_view part) const {
-  const DecodedField* field = Find(key);
-  if (field != nullptr) {
+  const std::optional<DecodedValue> field = Find(key);
+  if (field) {
     for (const Part& known : field->Definition->Parts) {
       if (known.Key == part) {
         return FindText(known.Codes, ValueOf(known, field->Number));

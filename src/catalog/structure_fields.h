@@ -10,15 +10,15 @@
 
 namespace kestrel::catalog {
 
-// The fields of one structure, found by their keys. Each function returns nothing, or an empty
-// text, where the structure has no such field: its type does not, or it is too short.
+// The fields of one structure at fixed places, found by their keys. Each function returns nothing,
+// or an empty text, where the structure has no such field: its type does not, or it is too short.
 class StructureFields {
  public:
   // The fields of nothing.
   StructureFields() = default;
   explicit StructureFields(const Structure& structure);
 
-  const DecodedField* Find(std::string_view key) const;
+  std::optional<DecodedValue> Find(std::string_view key) const;
 
   std::optional<std::uint64_t> GetNumber(std::string_view key) const;
   // A quantity that is known, in its base unit.
@@ -36,7 +36,7 @@ class StructureFields {
 
  private:
   Structure Source;
-  DecodedFields Fields;
+  const StructureType* Type = nullptr;
 };
 
 }  // namespace kestrel::catalog

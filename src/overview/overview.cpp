@@ -94,12 +94,18 @@ class SameText {
   bool IsFirst = true;
 };
 
+// Of a memory device or module.
+Quantity SizeOf(const StructureFields& fields) {
+  const Quantity size = fields.GetQuantity("size_bytes");
+  return size ? size : fields.GetQuantity("installed_size_bytes");
+}
+
 MemoryDeviceFacts DeviceOf(const StructureFields& fields) {
   return {
       .Array = fields.GetNumber("physical_memory_array_handle"),
       .Locator = PlaceOf(fields, "device_locator"),
       .Bank = PlaceOf(fields, "bank_locator"),
-      .SizeBytes = fields.GetQuantity("size_bytes"),
+      .SizeBytes = SizeOf(fields),
       .FormFactor = CodeOf(fields, "form_factor"),
       .Type = CodeOf(fields, "memory_type"),
       .SpeedMegatransfersPerSecond = fields.GetQuantity("speed_megatransfers_per_second"),
@@ -114,9 +120,9 @@ MemoryDeviceFacts DeviceOf(const StructureFields& fields) {
 // The text of the first of the bits that is set.
 std::string_view FirstOf(const StructureFields& fields, std::string_view key,
                          std::initializer_list<std::uint8_t> bits) {
-  const catalog::DecodedField* field = fields.Find(key);
+  const std::optional<catalog::DecodedValue> field = fields.Find(key);
   for (const std::uint8_t bit : bits) {
-    if (field != nullptr && (field->Number >> bit & 1U) != 0) {
+    if (field && (field->Number >> bit & 1U) != 0) {
       const auto known = field->Definition->Bits;
       return std::find_if(known.begin(), known.end(),
                           [bit](const catalog::Bit& row) { return row.Number == bit; })
@@ -133,7 +139,7 @@ MemoryDeviceFacts ModuleOf(const StructureFields& fields) {
       .Array = {},
       .Locator = PlaceOf(fields, "socket_designation"),
       .Bank = {},
-      .SizeBytes = fields.GetQuantity("installed_size_bytes"),
+      .SizeBytes = SizeOf(fields),
       .FormFactor = FirstOf(fields, "current_memory_type", {kDimm, kSimm}),
       .Type = FirstOf(fields, "current_memory_type",
                       {kSdram, kBurstEdo, kEdo, kFastPageMode, kStandard}),
@@ -214,15 +220,14 @@ StructureFields Overview::FieldsOfFirst(std::uint8_t type) const {
 
 SystemFacts Overview::GetSystem() const {
   const StructureFields fields = FieldsOfFirst(kSystem);
-  const catalog::DecodedField* uuid = fields.Find("uuid");
+  const std::optional<catalog::DecodedValue> uuid = fields.Find("uuid");
   return {
       .Manufacturer = TextOf(fields, "manufacturer"),
       .ProductName = TextOf(fields, "product_name"),
       .Version = TextOf(fields, "version"),
       .SerialNumber = TextOf(fields, "serial_number"),
-      .Uuid = std::string(WithoutPlaceholder(uuid != nullptr && uuid->IsKnown
-                                                 ? catalog::TextOfUuid(uuid->Bytes, Version)
-                                                 : std::string())),
+      .Uuid = std::string(WithoutPlaceholder(
+          uuid && uuid->IsKnown ? catalog::TextOfUuid(uuid->Bytes, Version) : std::string())),
       .SkuNumber = TextOf(fields, "sku_number"),
       .Family = TextOf(fields, "family"),
   };
@@ -312,16 +317,19 @@ bool Overview::HasMemoryModules() const {
   return FirstOfType[kMemoryArray] == nullptr && FirstOfType[kMemoryDevice] == nullptr;
 }
 
+template <typename Visit>
+void Overview::ForEachDeviceThatCounts(Visit visit) const {
+  ForEachOfType(Structures, HasMemoryModules() ? kMemoryModule : kMemoryDevice,
+                [&](const StructureFields& device) {
+                  if (CountsAsMemory(device)) {
+                    visit(device);
+                  }
+                });
+}
+
 void Overview::ForEachMemoryDevice(const Take<MemoryDeviceFacts>& take) const {
-  if (HasMemoryModules()) {
-    ForEachOfType(Structures, kMemoryModule,
-                  [&](const StructureFields& module) { take(ModuleOf(module)); });
-    return;
-  }
-  ForEachOfType(Structures, kMemoryDevice, [&](const StructureFields& device) {
-    if (CountsAsMemory(device)) {
-      take(DeviceOf(device));
-    }
+  ForEachDeviceThatCounts([&](const StructureFields& device) {
+    take(HasMemoryModules() ? ModuleOf(device) : DeviceOf(device));
   });
 }
 
@@ -343,10 +351,11 @@ MemoryFacts Overview::GetMemory() const {
   Sum installed;
   std::uint64_t slots = 0;
   std::uint64_t used = 0;
-  ForEachMemoryDevice([&](const MemoryDeviceFacts& device) {
-    installed.Add(device.SizeBytes);
+  ForEachDeviceThatCounts([&](const StructureFields& device) {
+    const Quantity size = SizeOf(device);
+    installed.Add(size);
     ++slots;
-    used += device.SizeBytes == 0U ? 0 : 1;
+    used += size == 0U ? 0 : 1;
   });
   return {
       .InstalledBytes = installed.Get(),

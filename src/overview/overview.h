@@ -169,6 +169,8 @@ class Overview {
   catalog::StructureFields FieldsOfFirst(std::uint8_t type) const;
   const catalog::Structure* FindBaseBoard() const;
   const catalog::Structure* FindChassis() const;
+  template <typename Visit>
+  void ForEachDeviceThatCounts(Visit visit) const;
   bool CountsAsMemory(const catalog::StructureFields& device) const;
   // Whether memory is described as it was before there were arrays and devices.
   bool HasMemoryModules() const;

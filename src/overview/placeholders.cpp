@@ -209,12 +209,15 @@ bool Counts(std::string_view text) {
 }  // namespace
 
 std::string_view WithoutPlaceholder(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n\v\f";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) {
-    return {};
+  const auto isBlank = [](char character) {
+    return character == ' ' || (character >= '\t' && character <= '\r');
+  };
+  while (!text.empty() && isBlank(text.front())) {
+    text.remove_prefix(1);
   }
-  text = text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
+  while (!text.empty() && isBlank(text.back())) {
+    text.remove_suffix(1);
+  }
   return IsFilling(text) || Counts(text) || IsListed(text) ? std::string_view() : text;
 }
 

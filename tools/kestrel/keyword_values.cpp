@@ -38,8 +38,8 @@ std::string ReleaseValue(const StructureFields& fields, std::string_view key,
 }
 
 std::string UuidValue(const StructureFields& fields, std::string_view key, SmbiosVersion version) {
-  const catalog::DecodedField* field = fields.Find(key);
-  if (field == nullptr || !field->IsKnown) {
+  const std::optional<catalog::DecodedValue> field = fields.Find(key);
+  if (!field || !field->IsKnown) {
     return {};
   }
   std::string text = catalog::TextOfUuid(field->Bytes, version);
