@@ -41,19 +41,19 @@ _kestrel() {
       ;;
   esac
   local keywords='
-    bios-vendor bios-version bios-release-date bios-revision firmware-revision system-
-    manufacturer system-product-name system-version system-serial-number system-uuid system-sku-
-    number system-family baseboard-manufacturer baseboard-product-name baseboard-version
-    baseboard-serial-number baseboard-asset-tag chassis-manufacturer chassis-type chassis-
-    version chassis-serial-number chassis-asset-tag processor-family processor-manufacturer
-    processor-version processor-frequency'
+    bios-vendor bios-version bios-release-date bios-revision firmware-revision
+    system-manufacturer system-product-name system-version system-serial-number system-uuid
+    system-sku-number system-family baseboard-manufacturer baseboard-product-name
+    baseboard-version baseboard-serial-number baseboard-asset-tag chassis-manufacturer
+    chassis-type chassis-version chassis-serial-number chassis-asset-tag processor-family
+    processor-manufacturer processor-version processor-frequency'
   local source='--image --format --smbios-version --sample --help'
   case $command in
     '') words='overview show get html report mif json bios list check save --help --version' ;;
     report) words="--exact -o --output $source" ;;
     mif | html) words="-o --output $source" ;;
     show) words="--type --handle -o --output $source" ;;
-    json) words="--type --lines --images-from -o --output $source" ;;
+    json) words="--type --overview --lines --images-from -o --output $source" ;;
     check) words="--lines --images-from $source" ;;
     get) words="$keywords $source" ;;
     save)

@@ -26,6 +26,7 @@ complete -c kestrel -n '__fish_seen_subcommand_from json show' -l type -x -a 'bi
 complete -c kestrel -n '__fish_seen_subcommand_from show' -l handle -x -d 'The structure with this handle'
 complete -c kestrel -n '__fish_seen_subcommand_from json check' -l lines -d 'JSON on one line'
 complete -c kestrel -n '__fish_seen_subcommand_from json check' -l images-from -r -F -d 'A list of images'
+complete -c kestrel -n '__fish_seen_subcommand_from json' -l overview -d 'The machine at a glance instead of structures'
 complete -c kestrel -n '__fish_seen_subcommand_from get' -a 'bios-vendor bios-version bios-release-date bios-revision firmware-revision system-manufacturer system-product-name system-version system-serial-number system-uuid system-sku-number system-family baseboard-manufacturer baseboard-product-name baseboard-version baseboard-serial-number baseboard-asset-tag chassis-manufacturer chassis-type chassis-version chassis-serial-number chassis-asset-tag processor-family processor-manufacturer processor-version processor-frequency'
 complete -c kestrel -n '__fish_seen_subcommand_from save' -l force -d 'Write over a file'
 complete -c kestrel -n '__fish_seen_subcommand_from save' -F
