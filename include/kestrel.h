@@ -16,8 +16,13 @@
  * The result is 0, and nothing is written, if the function fails, if the size is below 1, or if the
  * buffer is null. An empty text also gives 0, with a zero in the first byte.
  *
+ * On machines of today a report takes up to some 220 KB, and a MIF document up to some 75 KB.
+ *
  * A function that runs out of memory fails and, unless its description says otherwise, changes
- * nothing.
+ * nothing. errno may be changed, and means nothing.
+ *
+ * A table is read as programs of SMBIOS 2.3's time did: a structure without strings right before
+ * BIOS Information hides it, as on 26 of 149 machines of today.
  *
  * Texts are Windows-1252 with CR LF at the end of every line. Strings of the firmware are copied
  * unchanged and may hold any byte but zero.
