@@ -6,6 +6,8 @@ build=$1
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 root=$work/root/usr
+# Packages can be made in any folder and any locale.
+packages=$work/größe
 multiarch=$(gcc -print-multiarch)
 host=$PWD/package/host
 
@@ -14,14 +16,26 @@ expect() {
 }
 quietly() { "$@" >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }; }
 
-quietly cpack --config "$build/CPackConfig.cmake" -B "$work"
-for package in "$work"/*.deb; do dpkg-deb -x "$package" "$work/root"; done
+quietly env LC_ALL=C cpack --config "$build/CPackConfig.cmake" -B "$packages"
+for package in "$packages"/*.deb; do dpkg-deb -x "$package" "$work/root"; done
 expect packages "kestrel
 libkestrel-dev
-libkestrel1" "$(for package in "$work"/*.deb; do dpkg-deb -f "$package" Package; done)"
-expect depends "libkestrel1 (= $(dpkg-deb -f "$work"/libkestrel1_*.deb Version))" \
-  "$(dpkg-deb -f "$work"/libkestrel-dev_*.deb Depends)"
+libkestrel1" "$(for package in "$packages"/*.deb; do dpkg-deb -f "$package" Package; done)"
+expect depends "libkestrel1 (= $(dpkg-deb -f "$packages"/libkestrel1_*.deb Version))" \
+  "$(dpkg-deb -f "$packages"/libkestrel-dev_*.deb Depends)"
 expect tool "$("$build/tools/kestrel/kestrel" bios --sample)" "$("$root/bin/kestrel" bios --sample)"
+
+# Hardened like Debian's own packages. FORTIFY leaves no trace in a file that calls none of what it
+# replaces, so it shows in the commands alone.
+for file in "$root/bin/kestrel" "$root/lib/$multiarch/libkestrel.so.1"; do
+  expect "hardening of $file" "BIND_NOW GNU_RELRO GNU_STACK RW __stack_chk_fail" "$({
+    readelf --dynamic --wide "$file" | grep -o BIND_NOW
+    readelf --segments --wide "$file" | sed -nE 's/^ *(GNU_RELRO) .*/\1/p; s/^ *(GNU_STACK) .* (R[WE]+) .*/\1 \2/p' | sort
+    nm --dynamic "$file" | grep -o __stack_chk_fail
+  } | xargs)"
+done
+expect "sources without FORTIFY" "" "$(grep -E '"command":.* -o (src|tools)/' "$build/compile_commands.json" |
+  grep -v -e '-D_FORTIFY_SOURCE=2')"
 
 # A host that is built by pkg-config, and one by CMake; neither finds Kestrel anywhere else.
 export PKG_CONFIG_LIBDIR=$root/lib/$multiarch/pkgconfig LD_LIBRARY_PATH=$root/lib/$multiarch

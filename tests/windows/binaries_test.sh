@@ -1,5 +1,5 @@
 #!/bin/sh
-# Compares what Kestrel.dll and the drivers of both widths say of themselves with what they have to
+# Compares what Kestrel.dll, kestrel.exe and the drivers of both widths say of themselves with what they have to
 # say. The argument is the folder that holds the build folders mingw32 and mingw64.
 set -eu
 build=$1
@@ -60,7 +60,7 @@ END
 }
 
 # check FILE IMPORTS: what is to be found is on standard input. The imports are functions with their
-# libraries; those of a driver are all of them.
+# libraries; those of a driver are all of them, those of the tool are not looked at.
 check() {
   x86_64-w64-mingw32-objdump -p "$build/$1" >"$work/headers"
   cat >"$work/wanted"
@@ -70,6 +70,7 @@ check() {
     library && $2 ~ /^[0-9]+$/ && NF == 3 { print library ":" $3 }
     /^$/ { library = "" }' "$work/headers" | sort >"$work/imports"
   case $1 in
+    *.exe) ;;
     *.sys) cat "$work/imports" >>"$work/found" && cat "$work/allowed" >>"$work/wanted" ;;
     *) { grep . "$work/imports" || echo nothing; } | grep -vxFf "$work/allowed" | refuse "$1 imports" ;;
   esac
@@ -118,6 +119,13 @@ END
 check mingw64/src/Kestrel.dll "$windowsXP" <<END
 pei-x86-64 .4.0 subsystem 3.5.2 aligned 1000 200 00000160 Resource Base Thread
 $exports
+END
+
+check mingw32/tools/kestrel/kestrel.exe "" <<END
+pei-i386 .4.0 subsystem 3.4.0 aligned 1000 200 00000140 Base Thread
+END
+check mingw64/tools/kestrel/kestrel.exe "" <<END
+pei-x86-64 .4.0 subsystem 3.5.2 aligned 1000 200 00000160 Base Thread
 END
 
 # Windows NT 4 has all of these; from 2000 on there is a better way to attach.
