@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """Runs Kestrel.dll, kestrel.exe and the driver, which reads a memory image here, on Wine's Windows.
-What comes out is compared with what the tool of this system makes of the same machine.
+What comes out is compared with what the tool of this system makes of the same machine. The tool runs as Windows 10 as well.
 Arguments: the folder with the files for Windows, the tool of this system, the prefix for Wine, and
 the versions of Windows to be. Those with services come first."""
 
+import json
 import os
 import shutil
 import subprocess
@@ -113,6 +114,26 @@ def test_driver(machine):
     )
 
 
+def test_windows_10(machine):
+    """The tool asks Windows, which has a table of its own, and not the driver."""
+    machine.wine.report_version("win10")
+    tool = machine.program("kestrel.exe")
+    code, listed, errors = machine.wine.run(tool, "list")
+    expect("list", (code, "  System Information\n" in listed, errors), (0, True, ""))
+    machine.expect_tool(["save", r"C:\dump10"], 0, "")
+    dump = os.path.join(machine.wine.drive, "dump10")
+    expect("dump", machine.native("list", "--image", dump).decode(), listed)
+    expect("read back", machine.wine.run(tool, "list", "--image", r"C:\dump10"), (0, listed, ""))
+    machine.expect_tool(["json", "-o", r"C:\json"], 0, "")
+    document, wanted = (
+        json.loads(text) for text in (machine.read("json"), machine.native("json", "--image", dump))
+    )
+    # Windows does not say what kind of entry point there was.
+    expect("entry point", document["smbios"].pop("entry_point"), None)
+    del wanted["smbios"]["entry_point"]
+    expect("json", document, wanted)
+
+
 def test_without_driver(machine):
     os.remove(machine.program("Petrel.sys"))
     machine.expect_tool(
@@ -138,6 +159,8 @@ def main():
         wine.report_version(versions[0])
         machine.expect_round()
         test_tool(machine)
+        test_windows_10(machine)
+        machine.wine.report_version(versions[0])
         test_driver(machine)
         test_without_driver(machine)
     print(f"ran as {', '.join(versions)}")
