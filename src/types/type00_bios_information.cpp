@@ -184,7 +184,7 @@ std::string SMType0Obj::GetMifTableRow(int& /*rowIndex*/) const {
 
 std::string SMType0Obj::GetMifCharacteristicRows() const {
   std::string rows;
-  std::uint32_t index = 0;
+  int index = 0;
   for (const CharacteristicRow& row : kCharacteristicRows) {
     if (IsSet(BiosCharacteristics[0], row.Bit)) {
       rows.append(MifRow({index++, 0U, row.Value, kEmptyMifString}));

@@ -3,6 +3,7 @@
 #include <sstream>
 #include <string>
 
+#include "model/mif_row.h"
 #include "model/smbios_reader.h"
 #include "sample/sample_table.h"
 #include "tests/support/tables.h"
@@ -35,6 +36,12 @@ TEST(MifDocumentTest, NumbersTenGroupsBeforeAnythingIsRead) {
             "\tID = 1\r\n\tID = 2\r\n\tID = 3\r\n\tID = 4\r\n\tID = 5\r\n"
             "\tID = 6\r\n\tID = 7\r\n\tID = 8\r\n\tID = 9\r\n\tID = 10\r\n");
   EXPECT_THAT(document, HasSubstr("\t\tType = DisplayString(64)\r\n\t\tValue = \"\"\r\n"));
+}
+
+TEST(MifDocumentTest, NumbersRowsAndGroupsWithASign) {
+  int idCounter = -3;
+  EXPECT_THAT(SMBiosReader().MakeSystemBiosGroup(idCounter), HasSubstr("\tID = -3\r\n"));
+  EXPECT_EQ(MifRow({-2, 0xFFFFFFFFU}), "\t{-2,4294967295}\r\n");
 }
 
 TEST(MifDocumentTest, DescribesTheSample) {

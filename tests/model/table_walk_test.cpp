@@ -3,9 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "base/table_cursor.h"
 #include "model/smbios_reader.h"
 #include "sample/sample_table.h"
 #include "tests/support/tables.h"
+#include "types/type32_system_boot_information.h"
 
 namespace kestrel {
 namespace {
@@ -70,6 +72,19 @@ TEST(TableWalkTest, FindsEachStructure) {
   for (const auto& test : cases) {
     EXPECT_EQ(TypesIn(test.Table), test.Types) << test.Name;
   }
+}
+
+TEST(TableWalkTest, ReadsAStructureWithoutAWalk) {
+  const Bytes table = Structure(32, {1, 2, 3, 4, 5, 6, 0x42, 7});
+  SMBiosReader reader;
+  TableCursor cursor(table);
+  cursor.Skip(1);
+  reader.ReadType32(cursor);
+  reader.WalkTable(kEnd);
+  ASSERT_THAT(TypesOf(reader), ElementsAre(32, 127));
+  const auto& boot = static_cast<const SMType32Obj&>(*reader.GetObjects()[0]);
+  EXPECT_THAT(boot.GetReserved(), ElementsAre(1, 2, 3, 4, 5, 6));
+  EXPECT_EQ(boot.GetBootStatus(), 0x42);
 }
 
 TEST(TableWalkTest, MakesAnObjectOfTheStructuresType) {

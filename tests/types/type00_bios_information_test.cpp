@@ -1,3 +1,5 @@
+#include "types/type00_bios_information.h"
+
 #include <gmock/gmock.h>
 
 #include "tests/support/tables.h"
@@ -55,6 +57,10 @@ TEST(Type0Test, RendersUpToTwoExtensionBytes) {
   EXPECT_THAT(ReportOf(BiosWithExtension({0x81, 0x02})), EndsWith(first + second + "\r\n"));
   EXPECT_THAT(ReportOf(BiosWithExtension({0x81, 0x02, 0xFF, 0xFF})),
               EndsWith(first + second + "\r\n"));
+
+  SMType0Obj announced;
+  announced.SetExtensionByteCount(2);
+  EXPECT_THAT(announced.GetBiosCharacteristicsText(), EndsWith("\t\tNEC PC-98 : No\r\n"));
 }
 
 }  // namespace
