@@ -308,7 +308,7 @@ int main(int argc, char** argv) {
   std::cout << "memory for everything of 64 KiB, above the idle process: " << PeakKilobytes() - idle
             << " KiB\n";
   const kestrel::CommandLine json = LineOf(CommandNamed("json"));
-  for (const std::size_t kilobytes : {4, 64, 1024, 16 * 1024}) {
+  for (const std::size_t kilobytes : {4U, 64U, 1024U, 16U * 1024U}) {
     // A peak only grows, so that the sizes come in order.
     const long before = PeakKilobytes();
     const std::size_t size = Run(json, LongTable(kilobytes));
