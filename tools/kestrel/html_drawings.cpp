@@ -155,12 +155,13 @@ std::string TextOfSpeed(const MemoryDeviceFacts& device, bool isSlow) {
 
 std::string PlaceOf(const MemoryDeviceFacts& device) {
   const std::string place =
-      Sentence(", ", {TextOfFirmware(device.Locator), TextOfFirmware(device.Bank)});
+      Sentence(", ", {TextOfFirmware(device.Locator),
+                      device.Bank != device.Locator ? TextOfFirmware(device.Bank) : ""});
   return place.empty() ? "slot" : place;
 }
 
 void DrawSlot(HtmlWriter& html, const MemoryDeviceFacts& device, const ModuleSizes& sizes) {
-  constexpr std::uint64_t kWidth = 132;
+  constexpr std::uint64_t kWidth = 148;
   constexpr std::uint64_t kHeight = 112;
   constexpr std::uint64_t kLeft = 10;
   const bool isEmpty = device.SizeBytes == 0U;
@@ -170,7 +171,7 @@ void DrawSlot(HtmlWriter& html, const MemoryDeviceFacts& device, const ModuleSiz
       device.ConfiguredSpeedMegatransfersPerSecond < device.SpeedMegatransfersPerSecond;
   const std::string size = isEmpty            ? "empty"
                            : device.SizeBytes ? TextOfSize(*device.SizeBytes)
-                                              : "size unknown";
+                                              : "unknown";
   const std::string type = isEmpty ? std::string() : TextOfFirmware(device.Type);
   const std::string form = isEmpty ? std::string() : TextOfFirmware(device.FormFactor);
   const std::string speed = isEmpty ? std::string() : TextOfSpeed(device, isSlow);
@@ -196,12 +197,24 @@ void DrawSlot(HtmlWriter& html, const MemoryDeviceFacts& device, const ModuleSiz
   std::uint64_t top = 46;
   for (const std::string_view line : {type, form, speed, oddity}) {
     DrawText(html, "small", kLeft, top, line);
-    top += 18;
+    top += line.empty() ? 0 : 18;
   }
   html.Close();
   html.Text(place);
   html.Close();
   html.EndLine();
+}
+
+// Where there are too many slots to draw, those with a module stay.
+void LeaveOutEmptySlots(std::vector<MemoryDeviceFacts>& devices) {
+  std::size_t tooMany = devices.size() - std::min(devices.size(), kMostDrawn);
+  const auto kept =
+      std::remove_if(devices.rbegin(), devices.rend(), [&tooMany](const MemoryDeviceFacts& device) {
+        const bool isLeftOut = tooMany != 0 && device.SizeBytes == 0U;
+        tooMany -= isLeftOut ? 1 : 0;
+        return isLeftOut;
+      });
+  devices.erase(devices.begin(), kept.base());
 }
 
 }  // namespace
@@ -213,6 +226,8 @@ void DrawMemory(HtmlWriter& html, const Overview& overview) {
     return;
   }
   std::stable_sort(devices.begin(), devices.end(), IsPlacedBefore);
+  const std::size_t count = devices.size();
+  LeaveOutEmptySlots(devices);
   const ModuleSizes sizes = SizesOf(devices);
   const MemoryFacts memory = overview.GetMemory();
   html.Element("section", {}, [&] {
@@ -226,16 +241,16 @@ void DrawMemory(HtmlWriter& html, const Overview& overview) {
     html.TextElement(
         "figcaption",
         Sentence("; ", {Join({memory.InstalledBytes ? TextOfSize(*memory.InstalledBytes)
-                                                    : "an unknown amount",
-                              " in ", Decimal(memory.SlotsUsed.value_or(0)), " of ",
-                              Decimal(devices.size()), devices.size() == 1 ? " slot" : " slots"}),
+                                                    : "An unknown amount",
+                              " in ", Decimal(memory.SlotsUsed.value_or(0)), " of ", Decimal(count),
+                              count == 1 ? " slot" : " slots"}),
                         memory.MaximumBytes ? "at most " + TextOfSize(*memory.MaximumBytes) : "",
                         memory.ErrorCorrection.empty()
                             ? ""
                             : "error correction: " + TextOfFirmware(memory.ErrorCorrection),
                         "filled in proportion to the largest module"}));
     html.Close();
-    NoteRest(html, devices.size(), "slots");
+    NoteRest(html, count, "slots");
   });
 }
 
@@ -267,9 +282,10 @@ void DrawSocket(HtmlWriter& html, const ProcessorFacts& processor) {
   constexpr std::uint64_t kCoresInRow = 12;
   constexpr std::uint64_t kMostCores = 96;
   constexpr std::uint64_t kBar = 22;
-  // From 1 KiB on, each doubling is as wide as the others; 4 GiB take the whole width.
+  constexpr std::uint64_t kBarLeft = 100;
+  // From 1 KiB on, each doubling is as wide as the others; 2 GiB take the whole width.
   constexpr std::uint64_t kSmallest = 10;
-  constexpr std::uint64_t kDoubling = 10;
+  constexpr std::uint64_t kDoubling = 7;
   const bool isEmpty = processor.Populated == false && !processor.CurrentSpeedMegahertz;
   const std::string socket = processor.Socket.empty() ? "Socket" : TextOfFirmware(processor.Socket);
   const std::uint64_t cores = isEmpty ? 0 : std::min(processor.Cores.value_or(0), kMostCores);
@@ -301,24 +317,27 @@ void DrawSocket(HtmlWriter& html, const ProcessorFacts& processor) {
     if (bytes != 0) {
       const auto doublings = static_cast<std::uint64_t>(std::bit_width(bytes));
       const std::uint64_t wide =
-          doublings > kSmallest ? std::min((doublings - kSmallest) * kDoubling, kWidth - 2 * kLeft)
-                                : 2;
-      DrawBox(html, "full", {kLeft, top + 2, wide, kBar - 4});
-      DrawText(html, "small", kLeft + 4, top + 15, Join({kLevels[level], " ", TextOfSize(bytes)}));
+          doublings > kSmallest
+              ? std::min((doublings - kSmallest) * kDoubling, kWidth - kBarLeft - kLeft)
+              : 2;
+      DrawBox(html, "full", {kBarLeft, top + 2, wide, kBar - 4});
+      DrawText(html, "small", kLeft, top + 16, Join({kLevels[level], " ", TextOfSize(bytes)}));
       top += kBar;
     }
   }
   html.Close();
   html.Element("p", {}, [&] {
     html.TextElement("b", socket);
-    html.Text(isEmpty
-                  ? ": empty"
-                  : Sentence(", ", {Join({": ", TextOfFirmware(processor.Version)}),
-                                    Count(processor.Threads, "thread", "threads"),
-                                    processor.MaximumSpeedMegahertz
-                                        ? Join({"up to ", Decimal(*processor.MaximumSpeedMegahertz),
-                                                " MHz"})
-                                        : std::string()}));
+    const std::string speed =
+        processor.MaximumSpeedMegahertz
+            ? Join({"up to ", Decimal(*processor.MaximumSpeedMegahertz), " MHz"})
+            : std::string();
+    const std::string text =
+        isEmpty ? "empty"
+                : Sentence(", ", {TextOfFirmware(processor.Version),
+                                  Count(processor.Threads, "thread", "threads"), speed});
+    html.Text(text.empty() ? "" : ": ");
+    html.Text(text);
   });
   html.Close();
   html.EndLine();
@@ -464,7 +483,7 @@ std::string OddityOf(const AddressSegment& segment) {
 void WriteOwners(HtmlWriter& html, const AddressSegment& segment, HandleNames& names) {
   std::string_view separator;
   for (const AddressRange* range : segment.Some) {
-    html.Text(std::exchange(separator, ", "));
+    html.Text(std::exchange(separator, "; "));
     html.Text(range->Owner != nullptr ? std::string_view(names.NameOf(*range->Owner))
                                       : std::string_view("no structure"));
   }
@@ -475,6 +494,33 @@ void WriteOwners(HtmlWriter& html, const AddressSegment& segment, HandleNames& n
   if (segment.Interleaved > 1) {
     html.Text(" (interleaved)");
   }
+}
+
+// What fits into the drawing of the names of the devices, or of the arrays where there are none.
+std::string ShortOwners(const AddressSegment& segment, HandleNames& names) {
+  constexpr std::size_t kMostLetters = 40;
+  constexpr std::string_view kDevice = "Memory Device, ";
+  std::string owners;
+  for (const AddressRange* range : segment.Some) {
+    if (range->Owner != nullptr && range->IsDevice == (segment.Devices != 0)) {
+      std::string_view name = names.NameOf(*range->Owner);
+      name.remove_prefix(name.starts_with(kDevice) ? kDevice.size() : 0);
+      Append(owners, {owners.empty() ? "" : ", ", name});
+    }
+  }
+  if (owners.size() > kMostLetters) {
+    std::size_t end = kMostLetters;
+    while (end != 0 && (static_cast<unsigned char>(owners[end]) & 0xC0) == 0x80) {
+      --end;
+    }
+    owners.replace(end, std::string::npos, "…");
+  }
+  return owners;
+}
+
+std::string TextOfSegmentSize(const AddressSegment& segment) {
+  const std::uint64_t size = segment.Last - segment.First + 1;
+  return size != 0 ? TextOfSize(size) : "16 EiB";
 }
 
 }  // namespace
@@ -493,12 +539,11 @@ void DrawAddressMap(HtmlWriter& html, const catalog::TableScan& scan, HandleName
       ranges.begin(), ranges.end(),
       [](const AddressRange& left, const AddressRange& right) { return left.First < right.First; });
   const std::vector<AddressSegment> segments = SegmentsOf(ranges);
-  constexpr std::uint64_t kWidth = 420;
+  constexpr std::uint64_t kWidth = 320;
   constexpr std::uint64_t kDoubling = 3;
-  constexpr std::size_t kLongestName = 40;
   const auto heightOf = [](const AddressSegment& segment) {
     const auto doublings = static_cast<std::uint64_t>(std::bit_width(segment.Last - segment.First));
-    return 20 + kDoubling * (doublings > 20 ? doublings - 20 : 0);
+    return 40 + kDoubling * (doublings > 20 ? doublings - 20 : 0);
   };
   std::uint64_t height = 2;
   for (const AddressSegment& segment : segments) {
@@ -517,19 +562,16 @@ void DrawAddressMap(HtmlWriter& html, const catalog::TableScan& scan, HandleName
               : oddity.empty() ? "shade"
                                : "bad",
               {1, top, kWidth - 2, tall});
-      const AddressRange* owner = segment.Some.empty() ? nullptr : segment.Some.back();
-      DrawText(html, "small", 10, top + 15,
-               Join({TextOfAddress(segment.First), "  ", oddity, oddity == "overlap" ? ": " : "",
-                     owner != nullptr && owner->Owner != nullptr
-                         ? std::string_view(names.NameOf(*owner->Owner)).substr(0, kLongestName)
-                         : ""}));
+      DrawText(html, "small", 10, top + 16,
+               Sentence(", ", {TextOfAddress(segment.First), TextOfSegmentSize(segment), oddity}));
+      DrawText(html, "small", 10, top + 33, ShortOwners(segment, names));
       top += tall;
     }
     html.Close();
     html.TextElement("figcaption", "Heights by logarithm, from 1 MiB up.");
     html.Close();
     html.Element("div", {{"class", "wide"}}, [&] {
-      html.Open("table");
+      html.Open("table", {{"class", "map"}});
       html.TextElement("caption", "Addresses");
       html.Open("tr");
       for (const std::string_view title : {"From", "To", "Size", "Memory"}) {
@@ -540,8 +582,7 @@ void DrawAddressMap(HtmlWriter& html, const catalog::TableScan& scan, HandleName
         html.Element("tr", {}, [&] {
           html.TextElement("td", TextOfAddress(segment.First));
           html.TextElement("td", TextOfAddress(segment.Last));
-          const std::uint64_t size = segment.Last - segment.First + 1;
-          html.TextElement("td", size != 0 ? TextOfSize(size) : "16 EiB");
+          html.TextElement("td", TextOfSegmentSize(segment));
           html.Element("td", {}, [&] {
             WriteOwners(html, segment, names);
             const std::string oddity = OddityOf(segment);

@@ -55,12 +55,35 @@ std::string JoinTexts(std::string_view separator, std::initializer_list<std::str
 std::string AnchorOf(const Structure& structure) { return Join({"s", Hex(structure.Offset, 1)}); }
 std::string LinkTo(const Structure& structure) { return Join({"#", AnchorOf(structure)}); }
 
+// A section of the page, which begins with what stands in it first.
+class LateSection {
+ public:
+  LateSection(HtmlWriter& html, std::string_view title) : Html(html), Title(title) {}
+
+  void Begin() {
+    if (!std::exchange(IsOpen, true)) {
+      Html.Open("section");
+      Html.TextElement("h2", Title);
+    }
+  }
+  void End() {
+    if (IsOpen) {
+      Html.Close();
+    }
+  }
+
+ private:
+  HtmlWriter& Html;
+  std::string_view Title;
+  bool IsOpen = false;
+};
+
 // A table of the page, which begins with its first row.
 class RowWriter {
  public:
-  RowWriter(HtmlWriter& html, std::string_view caption,
+  RowWriter(HtmlWriter& html, LateSection& section, std::string_view caption,
             std::initializer_list<std::string_view> titles)
-      : Html(html), Caption(caption), Titles(titles) {}
+      : Html(html), Section(section), Caption(caption), Titles(titles) {}
 
   void Add(std::initializer_list<std::string> cells) {
     if (Count++ == 0) {
@@ -91,6 +114,7 @@ class RowWriter {
 
  private:
   void Begin() {
+    Section.Begin();
     Html.Open("div", {{"class", "wide"}});
     Html.Open("table");
     Html.TextElement("caption", Caption);
@@ -103,32 +127,34 @@ class RowWriter {
   }
 
   HtmlWriter& Html;
+  LateSection& Section;
   std::string_view Caption;
   std::vector<std::string_view> Titles;
   std::uint64_t Count = 0;
 };
 
 void WriteTables(HtmlWriter& html, const Overview& overview, const catalog::TableScan& scan) {
-  RowWriter slots(html, "Slots", {"Slot", "Type", "State"});
+  LateSection section(html, "Slots, ports, power and sensors");
+  RowWriter slots(html, section, "Slots", {"Slot", "Type", "State"});
   overview.ForEachSlot([&](const SlotFacts& slot) {
     slots.Add({TextOfFirmware(slot.Designation), TextOfFirmware(slot.Type),
                YesOrNo(slot.InUse, "in use", "free")});
   });
   slots.End();
-  RowWriter ports(html, "Ports", {"Port", "Connector", "Type"});
+  RowWriter ports(html, section, "Ports", {"Port", "Connector", "Type"});
   overview.ForEachPort([&](const PortFacts& port) {
     ports.Add({TextOfFirmware(port.Designation), TextOfFirmware(port.Connector),
                TextOfFirmware(port.Type)});
   });
   ports.End();
-  RowWriter supplies(html, "Power supplies", {"Location", "Name", "Maximum", "State"});
+  RowWriter supplies(html, section, "Power supplies", {"Location", "Name", "Maximum", "State"});
   overview.ForEachPowerSupply([&](const PowerSupplyFacts& supply) {
     supplies.Add(
         {TextOfFirmware(supply.Location), JoinTexts(" ", {supply.Manufacturer, supply.Name}),
          NumberWith(supply.MaximumWatts, " W"), YesOrNo(supply.Present, "present", "not present")});
   });
   supplies.End();
-  RowWriter batteries(html, "Batteries", {"Name", "Chemistry", "Design capacity"});
+  RowWriter batteries(html, section, "Batteries", {"Name", "Chemistry", "Design capacity"});
   overview.ForEachBattery([&](const BatteryFacts& battery) {
     const auto capacity = battery.DesignCapacityMilliwattHours;
     batteries.Add({JoinTexts(" ", {battery.Manufacturer, battery.Name}),
@@ -140,7 +166,8 @@ void WriteTables(HtmlWriter& html, const Overview& overview, const catalog::Tabl
   constexpr std::uint8_t kFirstSensor = 26;
   constexpr std::uint8_t kCoolingDevice = 27;
   constexpr std::uint8_t kLastSensor = 29;
-  RowWriter sensors(html, "Sensors and cooling", {"Sensor", "What it measures", "Place", "State"});
+  RowWriter sensors(html, section, "Sensors and cooling",
+                    {"Sensor", "What it measures", "Place", "State"});
   for (const Structure& structure : scan.Structures) {
     if (structure.Type >= kFirstSensor && structure.Type <= kLastSensor) {
       const StructureFields fields(structure);
@@ -153,6 +180,7 @@ void WriteTables(HtmlWriter& html, const Overview& overview, const catalog::Tabl
     }
   }
   sensors.End();
+  section.End();
 }
 
 void WriteFacts(HtmlWriter& html,
@@ -416,10 +444,7 @@ void WriteHtmlPage(const SmbiosTable& table, const catalog::TableScan& scan,
   page.WriteUpTo("machine");
   DrawMemory(html, overview);
   DrawProcessors(html, overview);
-  html.Element("section", {}, [&] {
-    html.TextElement("h2", "Slots, ports, power and sensors");
-    WriteTables(html, overview, scan);
-  });
+  WriteTables(html, overview, scan);
   DrawAddressMap(html, scan, names);
   html.Element("section", {}, [&] { WriteFaults(html, faults); });
   html.Element("section", {}, [&] { WriteStructures(html, table, scan, names); });

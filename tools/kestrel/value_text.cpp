@@ -47,6 +47,7 @@ constexpr Unit kUnits[] = {
     {"_nanoseconds", 0, " ns"},
     {"_parts_per_million", 4, " %"},
     {"_percent", 0, " %"},
+    {"_rack_units", 0, " U"},
     {"_rpm", 0, " rpm"},
     {"_seconds", 0, " s"},
     {"_watts", 0, " W"},
