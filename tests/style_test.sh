@@ -30,5 +30,5 @@ case $1 in
       --target=x86_64-w64-mingw32 -std=c++20 -I. -Iinclude -Isrc \
       -isystem "$headers" -isystem "$headers/x86_64-w64-mingw32"
     ;;
-  shell) { printf '%s\0' run test completions/kestrel.bash .ci/run scripts/build-preset scripts/require-packages scripts/runs-32-bit-programs; sources '*.sh'; } | xargs -0 shellcheck -x -P tests ;;
+  shell) { printf '%s\0' run test completions/kestrel.bash .ci/run scripts/build-preset scripts/make-page-picture scripts/require-packages scripts/runs-32-bit-programs; sources '*.sh'; } | xargs -0 shellcheck -x -P tests ;;
 esac
