@@ -20,28 +20,28 @@ TEST(StructureListTest, MarksWhatTheTextsLoseOrSeeOtherwise) {
              Structure(46, {}, {"S"}),
              kEnd,
              Bytes(8)}),
-       "0000h    0   18  0000h  BIOS Information\r\n"
-       "0019h  200    4  1234h  OEM\r\n"
-       "0020h   46    4  0000h  String Property\r\n"
-       "0027h  127    4  0000h  End-of-Table\r\n",
+       "0000h    0   18  0000h  BIOS Information\n"
+       "0019h  200    4  1234h  OEM\n"
+       "0020h   46    4  0000h  String Property\n"
+       "0027h  127    4  0000h  End-of-Table\n",
        {}},
       {"BIOS Information after a structure without strings",
        Join({Structure(11, {0}),
              Structure(0, {1, 14, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, {"Maker"}), kEnd}),
-       "0000h   11    5  0000h  OEM Strings\r\n"
-       "0007h    0   18  0000h  BIOS Information  *\r\n"
-       "0020h  127    4  0000h  End-of-Table\r\n",
+       "0000h   11    5  0000h  OEM Strings\n"
+       "0007h    0   18  0000h  BIOS Information  *\n"
+       "0020h  127    4  0000h  End-of-Table\n",
        {"* marks what the report and the MIF document lose or show differently",
         "structures that the report and the MIF document see and that are none: 2, the first at "
         "0008h"}},
       {"BIOS Information that is too short to be shown",
        Join({Structure(0, Bytes(5)), kEnd}),
-       "0000h    0    9  0000h  BIOS Information  *\r\n"
-       "000Bh  127    4  0000h  End-of-Table\r\n",
+       "0000h    0    9  0000h  BIOS Information  *\n"
+       "000Bh  127    4  0000h  End-of-Table\n",
        {"* marks what the report and the MIF document lose or show differently"}},
       {"a Length below 4, which the walk takes at its word",
        Join({kEnd, {1, 2, 'A', 0, 0}}),
-       "0000h  127    4  0000h  End-of-Table\r\n",
+       "0000h  127    4  0000h  End-of-Table\n",
        {"structures that the report and the MIF document see and that are none: 1, the first at "
         "0006h",
         "the structures end at 0006h: another one there would have a Length below 4"}},
@@ -55,7 +55,10 @@ TEST(StructureListTest, MarksWhatTheTextsLoseOrSeeOtherwise) {
   for (const auto& test : cases) {
     const catalog::TableScan scan = catalog::ScanTable(test.Table, {});
     const WalkComparison comparison = CompareWithWalk(scan, test.Table);
-    EXPECT_EQ(ListStructures(scan, comparison), test.List) << test.Name;
+    TextOutput output;
+    ListStructures(scan, comparison, output);
+    output.Finish();
+    EXPECT_EQ(output.GetText(), test.List) << test.Name;
     EXPECT_EQ(NotesOnList(scan, comparison), test.Notes) << test.Name;
   }
 }

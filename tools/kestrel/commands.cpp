@@ -66,7 +66,7 @@ void WriteBios(CommandRun& run, Output& output) {
 void WriteList(CommandRun& run, Output& output) {
   const LibraryView view = ViewAsLibrary(run.Table);
   Warn(run, NotesOnList(view.Scan, view.Comparison));
-  WriteConsoleText(ListStructures(view.Scan, view.Comparison), output);
+  ListStructures(view.Scan, view.Comparison, output);
 }
 
 void WriteCheck(CommandRun& run, Output& output) {

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "catalog/type_catalog.h"
+#include "tools/kestrel/console_text.h"
 
 namespace kestrel {
 
@@ -18,17 +19,19 @@ void AppendRightAligned(std::string& line, std::string_view number, std::size_t 
 
 }  // namespace
 
-std::string ListStructures(const catalog::TableScan& scan, const WalkComparison& comparison) {
-  std::string list;
+void ListStructures(const catalog::TableScan& scan, const WalkComparison& comparison,
+                    Output& output) {
+  std::string line;
   for (const catalog::Structure& structure : scan.Structures) {
-    Append(list, {Hex(structure.Offset, 4), "h  "});
-    AppendRightAligned(list, Decimal(structure.Type), 3);
-    list.append("  ");
-    AppendRightAligned(list, Decimal(structure.GetLength()), 3);
-    Append(list, {"  ", Hex(structure.Handle, 4), "h  ", NameOf(structure.Type),
-                  comparison.Differs(structure.Offset) ? "  *\r\n" : "\r\n"});
+    line.clear();
+    Append(line, {Hex(structure.Offset, 4), "h  "});
+    AppendRightAligned(line, Decimal(structure.Type), 3);
+    line.append("  ");
+    AppendRightAligned(line, Decimal(structure.GetLength()), 3);
+    Append(line, {"  ", Hex(structure.Handle, 4), "h  ", NameOf(structure.Type),
+                  comparison.Differs(structure.Offset) ? "  *" : "", kLineEnd});
+    output.Write(line);
   }
-  return list;
 }
 
 std::vector<std::string> NotesOnList(const catalog::TableScan& scan,

@@ -4,14 +4,15 @@
 #include <vector>
 
 #include "catalog/structure_scan.h"
+#include "tools/kestrel/output.h"
 #include "tools/kestrel/walk_comparison.h"
 
 namespace kestrel {
 
-// A line per structure, in table order: offset, type, length, handle, name, and a star where the
-// report and the MIF document lose the structure or see another. Lines end with "\r\n", as in the
-// library's texts.
-std::string ListStructures(const catalog::TableScan& scan, const WalkComparison& comparison);
+// Writes a line per structure, in table order: offset, type, length, handle, name, and a star where
+// the report and the MIF document lose the structure or see another.
+void ListStructures(const catalog::TableScan& scan, const WalkComparison& comparison,
+                    Output& output);
 
 // What a reader of the list should know besides, one line each: what the star means, and what
 // NotesOnEnd tells.
