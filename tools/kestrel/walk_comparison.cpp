@@ -17,7 +17,7 @@ bool IsDropped(const catalog::Structure& structure) {
          structure.Formatted.size() < kShortestBiosInformation;
 }
 
-StructurePlace PlaceOf(const catalog::Structure& structure) {
+StructurePlace PlaceOfStructure(const catalog::Structure& structure) {
   return {structure.Offset, structure.Type, structure.Handle};
 }
 
@@ -50,7 +50,7 @@ WalkComparison CompareWithWalk(const catalog::TableScan& scan,
   while (const auto structure = walk.Next()) {
     const std::size_t start = structure->Start;
     for (; scanned != end && scanned->Offset < start; ++scanned) {
-      comparison.Lost.push_back(PlaceOf(*scanned));
+      comparison.Lost.push_back(PlaceOfStructure(*scanned));
     }
     if (scanned == end || scanned->Offset != start) {
       if (start < endOfContent) {
@@ -59,15 +59,15 @@ WalkComparison CompareWithWalk(const catalog::TableScan& scan,
       continue;
     }
     if (IsDropped(*scanned)) {
-      comparison.Lost.push_back(PlaceOf(*scanned));
+      comparison.Lost.push_back(PlaceOfStructure(*scanned));
     } else if (structure->Next < scanned->GetEnd()) {
-      comparison.CutShort.push_back(PlaceOf(*scanned));
+      comparison.CutShort.push_back(PlaceOfStructure(*scanned));
     }
     ++scanned;
   }
   const auto rest = static_cast<std::size_t>(std::distance(scanned, end));
   comparison.Lost.reserve(comparison.Lost.size() + rest);
-  std::transform(scanned, end, std::back_inserter(comparison.Lost), PlaceOf);
+  std::transform(scanned, end, std::back_inserter(comparison.Lost), PlaceOfStructure);
   return comparison;
 }
 
