@@ -242,10 +242,13 @@ constexpr Part kDeviceFunction[] = {
     NumberPart("device", 3, 5),
 };
 
+// The standard asks for FFh in all fields of an address that there is not; some fill both bytes.
+constexpr Code kNoSegmentGroups[] = {{0x00FF, "none"}, {0xFFFF, "none"}};
+
 constexpr Field kPeerGroup[] = {
-    NumberField(0x00, 2, "segment_group_number"),
-    NumberField(0x02, 1, "bus_number"),
-    PartsField(0x03, 1, "device_function_number", kDeviceFunction),
+    NumberField(0x00, 2, "segment_group_number", kNoSegmentGroups),
+    NumberField(0x02, 1, "bus_number", kNoneIsFFh),
+    PartsField(0x03, 1, "device_function_number", kDeviceFunction, kNoneIsFFh),
     NumberField(0x04, 1, "data_bus_width"),
 };
 constexpr List kPeerGroups = {.SizeOrOffset = 5, .Fields = kPeerGroup};
@@ -259,9 +262,9 @@ constexpr Field kSystemSlots[] = {
     NumberField(0x09, 2, "slot_id"),
     BitsField(0x0B, 1, "slot_characteristics_1", kSlotCharacteristics1),
     BitsField(0x0C, 1, "slot_characteristics_2", kSlotCharacteristics2),
-    NumberField(0x0D, 2, "segment_group_number"),
-    NumberField(0x0F, 1, "bus_number"),
-    PartsField(0x10, 1, "device_function_number", kDeviceFunction),
+    NumberField(0x0D, 2, "segment_group_number", kNoSegmentGroups),
+    NumberField(0x0F, 1, "bus_number", kNoneIsFFh),
+    PartsField(0x10, 1, "device_function_number", kDeviceFunction, kNoneIsFFh),
     NumberField(0x11, 1, "data_bus_width"),
     NumberField(0x12, 1, "peer_grouping_count"),
     ListField(0x13, "peer_groups", kPeerGroups),
@@ -360,9 +363,9 @@ constexpr Field kOnboardDevicesExtendedInformation[] = {
     StringField(0x04, "reference_designation"),
     PartsField(0x05, 1, "device_type", kOnboardDeviceType),
     NumberField(0x06, 1, "device_type_instance"),
-    NumberField(0x07, 2, "segment_group_number"),
-    NumberField(0x09, 1, "bus_number"),
-    PartsField(0x0A, 1, "device_function_number", kDeviceFunction),
+    NumberField(0x07, 2, "segment_group_number", kNoSegmentGroups),
+    NumberField(0x09, 1, "bus_number", kNoneIsFFh),
+    PartsField(0x0A, 1, "device_function_number", kDeviceFunction, kNoneIsFFh),
 };
 constexpr LeastLength kOnboardDevicesExtendedInformationLengths[] = {{2, 6, 0x0B}};
 

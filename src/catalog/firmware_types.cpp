@@ -100,10 +100,10 @@ constexpr Field kBiosInformation[] = {
     BitsField(0x0A, 8, "bios_characteristics", kBiosCharacteristics),
     BitsField(0x12, 1, "bios_characteristics_extension_byte_1", kBiosCharacteristicsExtension1),
     BitsField(0x13, 1, "bios_characteristics_extension_byte_2", kBiosCharacteristicsExtension2),
-    NumberField(0x14, 1, "system_bios_major_release"),
-    NumberField(0x15, 1, "system_bios_minor_release"),
-    NumberField(0x16, 1, "embedded_controller_firmware_major_release"),
-    NumberField(0x17, 1, "embedded_controller_firmware_minor_release"),
+    NumberField(0x14, 1, "system_bios_major_release", kNoneIsFFh),
+    NumberField(0x15, 1, "system_bios_minor_release", kNoneIsFFh),
+    NumberField(0x16, 1, "embedded_controller_firmware_major_release", kNoneIsFFh),
+    NumberField(0x17, 1, "embedded_controller_firmware_minor_release", kNoneIsFFh),
     PartsField(0x18, 2, "extended_bios_rom_size", kExtendedRomSize),
 };
 constexpr LeastLength kBiosInformationLengths[] = {

@@ -98,11 +98,20 @@ constexpr Part kBaseAddressModifier[] = {
 
 constexpr Code kBaseAddressSpaces[] = {{0, "Memory-mapped"}, {1, "I/O"}};
 
+constexpr std::uint64_t kSsif = 4;
+
 // The address of an SSIF interface is one of the SMBus instead.
 constexpr std::optional<std::uint64_t> BaseAddressSpace(std::uint64_t number,
                                                         const OtherNumbers& others) {
-  constexpr std::uint64_t kSsif = 4;
   return others[0] != kSsif ? std::optional(number & 1U) : std::nullopt;
+}
+
+// Bit 0 says which space it is, so bit 0 of the address stands in bit 4 of the modifier. An SSIF
+// interface has a 7-bit address above bit 0.
+constexpr std::optional<std::uint64_t> InterfaceAddress(std::uint64_t number,
+                                                        const OtherNumbers& others) {
+  return others[0] == kSsif ? number >> 1
+                            : (number & ~std::uint64_t{1}) | (others[1].value_or(0) >> 4 & 1U);
 }
 
 constexpr std::optional<std::uint64_t> SevenBitAddress(std::uint64_t number,
@@ -115,12 +124,14 @@ constexpr Field kIpmiDeviceInformation[] = {
     PartsField(0x05, 1, "ipmi_specification_revision", kIpmiRevision),
     NumberField(0x06, 1, "i2c_target_address"),
     QuantityField("i2c_target_address_7_bit", {.Convert = SevenBitAddress}),
-    NumberField(0x07, 1, "nv_storage_device_address"),
+    NumberField(0x07, 1, "nv_storage_device_address", kNoneIsFFh),
     NumberField(0x08, 8, "base_address"),
+    QuantityField("interface_address",
+                  {.Convert = InterfaceAddress, .Others = {{0x04, 1}, {0x10, 1, true}}}),
     CodeField("base_address_space", kBaseAddressSpaces,
               {.Convert = BaseAddressSpace, .Others = {{0x04, 1}}}),
     PartsField(0x10, 1, "base_address_modifier_interrupt_info", kBaseAddressModifier),
-    NumberField(0x11, 1, "interrupt_number"),
+    NumberField(0x11, 1, "interrupt_number", kNoneIsZero),
 };
 constexpr LeastLength kIpmiDeviceInformationLengths[] = {{2, 3, 0x10}};
 

@@ -78,9 +78,11 @@ constexpr Field kMemoryControllerInformation[] = {
 };
 constexpr LeastLength kMemoryControllerInformationLengths[] = {{2, 0, 0x0F}, {2, 1, 0x10}};
 
+constexpr Code kNoConnection[] = {{0x0F, "none"}};
+
 constexpr Part kBankConnections[] = {
-    NumberPart("second_row_address_strobe", 0, 4),
-    NumberPart("first_row_address_strobe", 4, 4),
+    NumberPart("second_row_address_strobe", 0, 4, kNoConnection),
+    NumberPart("first_row_address_strobe", 4, 4, kNoConnection),
 };
 
 constexpr Part kModuleSize[] = {
@@ -239,7 +241,9 @@ constexpr Bit kTypeDetails[] = {
     {15, "LRDIMM"},
 };
 
-constexpr Part kDeviceAttributes[] = {NumberPart("rank", 0, 4)};
+constexpr Part kDeviceAttributes[] = {NumberPart("rank", 0, 4, kUnknownIsZero)};
+
+constexpr Code kDeviceSets[] = {{0x00, "none"}, {0xFF, "unknown"}};
 
 constexpr Code kTechnologies[] = {
     {0x01, "Other"},
@@ -290,7 +294,7 @@ constexpr Field kMemoryDevice[] = {
     NumberField(0x0C, 2, "size"),
     QuantityField("size_bytes", {.Unknown = 0xFFFF, .Convert = DeviceSize, .Others = {{0x1C, 4}}}),
     CodeField(0x0E, 1, "form_factor", kFormFactors),
-    NumberField(0x0F, 1, "device_set"),
+    NumberField(0x0F, 1, "device_set", kDeviceSets),
     StringField(0x10, "device_locator"),
     StringField(0x11, "bank_locator"),
     CodeField(0x12, 1, "memory_type", kDeviceTypes),
@@ -316,10 +320,10 @@ constexpr Field kMemoryDevice[] = {
     CodeField(0x28, 1, "memory_technology", kTechnologies),
     BitsField(0x29, 2, "memory_operating_mode_capability", kOperatingModes),
     StringField(0x2B, "firmware_version"),
-    NumberField(0x2C, 2, "module_manufacturer_id"),
-    NumberField(0x2E, 2, "module_product_id"),
-    NumberField(0x30, 2, "memory_subsystem_controller_manufacturer_id"),
-    NumberField(0x32, 2, "memory_subsystem_controller_product_id"),
+    NumberField(0x2C, 2, "module_manufacturer_id", kUnknownIsZero),
+    NumberField(0x2E, 2, "module_product_id", kUnknownIsZero),
+    NumberField(0x30, 2, "memory_subsystem_controller_manufacturer_id", kUnknownIsZero),
+    NumberField(0x32, 2, "memory_subsystem_controller_product_id", kUnknownIsZero),
     NumberField(0x34, 8, "non_volatile_size"),
     QuantityField("non_volatile_size_bytes", kBytes),
     NumberField(0x3C, 8, "volatile_size"),
@@ -330,9 +334,9 @@ constexpr Field kMemoryDevice[] = {
     QuantityField("logical_size_bytes", kBytes),
     NumberField(0x54, 4, "extended_speed"),
     NumberField(0x58, 4, "extended_configured_memory_speed"),
-    NumberField(0x5C, 2, "pmic0_manufacturer_id"),
+    NumberField(0x5C, 2, "pmic0_manufacturer_id", kUnknownIsZero),
     NumberField(0x5E, 2, "pmic0_revision_number"),
-    NumberField(0x60, 2, "rcd_manufacturer_id"),
+    NumberField(0x60, 2, "rcd_manufacturer_id", kUnknownIsZero),
     NumberField(0x62, 2, "rcd_revision_number"),
 };
 constexpr LeastLength kMemoryDeviceLengths[] = {

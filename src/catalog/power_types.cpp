@@ -219,7 +219,7 @@ constexpr Part kDeviceTypeAndStatus[] = {
 constexpr Field kCoolingDevice[] = {
     HandleField(0x04, "temperature_probe_handle", kTemperatureProbes),
     PartsField(0x06, 1, "device_type_and_status", kDeviceTypeAndStatus),
-    NumberField(0x07, 1, "cooling_unit_group"),
+    NumberField(0x07, 1, "cooling_unit_group", kNoneIsZero),
     NumberField(0x08, 4, "oem_defined"),
     NumberField(0x0C, 2, "nominal_speed"),
     QuantityField("nominal_speed_rpm", {.Unknown = kUnknownReading}),
@@ -254,7 +254,7 @@ constexpr Part kPowerSupplyCharacteristics[] = {
 };
 
 constexpr Field kSystemPowerSupply[] = {
-    NumberField(0x04, 1, "power_unit_group"),
+    NumberField(0x04, 1, "power_unit_group", kNoneIsZero),
     StringField(0x05, "location"),
     StringField(0x06, "device_name"),
     StringField(0x07, "manufacturer"),

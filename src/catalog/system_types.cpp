@@ -170,13 +170,13 @@ constexpr Field kSystemEnclosure[] = {
     NumberField(0x0D, 4, "oem_defined"),
     NumberField(0x11, 1, "height"),
     QuantityField("height_rack_units", {.Convert = RackUnits}),
-    NumberField(0x12, 1, "number_of_power_cords"),
+    NumberField(0x12, 1, "number_of_power_cords", kUnknownIsZero),
     NumberField(0x13, 1, "contained_element_count"),
     NumberField(0x14, 1, "contained_element_record_length"),
     ListField(0x15, "contained_elements", kContainedElements),
     StringField(kFollows, "sku_number"),
     CodeField(kFollows, 1, "rack_type", kRackTypes),
-    NumberField(kFollows, 1, "rack_height"),
+    NumberField(kFollows, 1, "rack_height", kUnknownIsZero),
 };
 constexpr LeastLength kSystemEnclosureLengths[] = {{2, 0, 0x09}, {2, 1, 0x0D}};
 

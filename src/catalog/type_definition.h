@@ -39,6 +39,7 @@ struct Part {
   std::uint8_t FirstBit;
   std::uint8_t Width;
   PartKind Kind = PartKind::Number;
+  // Of a number: those that say something else than a number.
   std::span<const Code> Codes = {};
 };
 
@@ -46,8 +47,9 @@ constexpr std::uint64_t ValueOf(const Part& part, std::uint64_t whole) {
   return whole >> part.FirstBit & ((std::uint64_t{1} << part.Width) - 1);
 }
 
-constexpr Part NumberPart(std::string_view key, std::uint8_t firstBit, std::uint8_t width) {
-  return {key, firstBit, width};
+constexpr Part NumberPart(std::string_view key, std::uint8_t firstBit, std::uint8_t width,
+                          std::span<const Code> codes = {}) {
+  return {key, firstBit, width, PartKind::Number, codes};
 }
 constexpr Part FlagPart(std::string_view key, std::uint8_t bit) {
   return {key, bit, 1, PartKind::Flag};
@@ -76,6 +78,8 @@ enum class FieldKind : std::uint8_t {
 struct NumberPlace {
   std::uint8_t Offset;
   std::uint8_t Width;
+  // Whether the number says more than what the quantity takes from it, and is shown beside it.
+  bool SaysMore = false;
 };
 
 // The numbers at the places that a conversion names; none where the structure is too short for one,
@@ -114,6 +118,8 @@ struct Field {
   // The standard's name of the field in lower case with underscores.
   std::string_view Key;
   FieldKind Kind;
+  // Of a number, or of several values in one: the numbers that say something else, as that there is
+  // none.
   std::span<const Code> Codes = {};
   std::span<const Bit> Bits = {};
   std::span<const Part> Parts = {};
@@ -177,6 +183,11 @@ struct StructureType {
   bool IsSingle = false;
 };
 
+// Numbers by which firmware says that there is none, or that it does not know.
+inline constexpr Code kNoneIsZero[] = {{0x00, "none"}};
+inline constexpr Code kNoneIsFFh[] = {{0xFF, "none"}};
+inline constexpr Code kUnknownIsZero[] = {{0x00, "unknown"}};
+
 inline constexpr std::uint64_t kKiB = 1024;
 inline constexpr std::uint64_t kMiB = 1024 * kKiB;
 inline constexpr std::uint64_t kGiB = 1024 * kMiB;
@@ -184,8 +195,9 @@ inline constexpr std::uint64_t kGiB = 1024 * kMiB;
 // Makers of fields, so that a table of them reads like the table of the standard: offset, width
 // where the kind does not give it, key.
 
-constexpr Field NumberField(std::uint8_t offset, std::uint8_t width, std::string_view key) {
-  return {offset, width, key, FieldKind::Number};
+constexpr Field NumberField(std::uint8_t offset, std::uint8_t width, std::string_view key,
+                            std::span<const Code> codes = {}) {
+  return {.Offset = offset, .Width = width, .Key = key, .Kind = FieldKind::Number, .Codes = codes};
 }
 constexpr Field StringField(std::uint8_t offset, std::string_view key) {
   return {offset, 1, key, FieldKind::String};
@@ -199,8 +211,13 @@ constexpr Field BitsField(std::uint8_t offset, std::uint8_t width, std::string_v
   return {.Offset = offset, .Width = width, .Key = key, .Kind = FieldKind::Bits, .Bits = bits};
 }
 constexpr Field PartsField(std::uint8_t offset, std::uint8_t width, std::string_view key,
-                           std::span<const Part> parts) {
-  return {.Offset = offset, .Width = width, .Key = key, .Kind = FieldKind::Parts, .Parts = parts};
+                           std::span<const Part> parts, std::span<const Code> codes = {}) {
+  return {.Offset = offset,
+          .Width = width,
+          .Key = key,
+          .Kind = FieldKind::Parts,
+          .Codes = codes,
+          .Parts = parts};
 }
 constexpr Field HandleField(std::uint8_t offset, std::string_view key,
                             std::span<const std::uint8_t> targets = {}) {

@@ -368,10 +368,15 @@ MemoryFacts Overview::GetMemory() const {
 
 void Overview::ForEachProcessor(const Take<ProcessorFacts>& take) const {
   constexpr std::uint8_t kPopulated = 6;
+  constexpr std::uint64_t kStatus = 7;
+  constexpr std::uint64_t kDisabledByUser = 2;
+  constexpr std::uint64_t kDisabledByFirmware = 3;
   ForEachOfType(Structures, kProcessor, [&](const StructureFields& fields) {
+    const std::uint64_t status = fields.GetNumber("status").value_or(0) & kStatus;
     ProcessorFacts processor = {
         .Socket = PlaceOf(fields, "socket_designation"),
         .Populated = fields.GetBit("status", kPopulated),
+        .IsDisabled = status == kDisabledByUser || status == kDisabledByFirmware,
         .Manufacturer = TextOf(fields, "processor_manufacturer"),
         .Version = TextOf(fields, "processor_version"),
         .Cores = fields.GetQuantity("cores"),

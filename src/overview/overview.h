@@ -62,6 +62,8 @@ struct BiosFacts {
 struct ProcessorFacts {
   std::string_view Socket;
   std::optional<bool> Populated;
+  // By its owner, or by firmware that found it faulty.
+  bool IsDisabled = false;
   std::string_view Manufacturer;
   std::string_view Version;
   std::optional<std::uint64_t> Cores;

@@ -82,6 +82,10 @@ TEST(DecoderTest, ReadsUnitsAndWhatFirmwareDoesNotKnow) {
       {36, 16, {{6, {0x00, 0x80}}}, "upper_threshold_non_critical", std::nullopt},
       {38, 18, {{6, {0x20}}}, "i2c_target_address_7_bit", 0x10},
       {38, 18, {{8, {0xA3, 0x0C}}}, "base_address_space", 1},
+      {38, 18, {{8, {0xA3, 0x0C}}}, "interface_address", 0xCA2},
+      {38, 16, {{8, {0xA2, 0x0C}}}, "interface_address", 0xCA2},
+      {38, 18, {{8, {0xA3, 0x0C}}, {16, {0x50}}}, "interface_address", 0xCA3},
+      {38, 18, {{4, {4}}, {8, {0x20}}}, "interface_address", 0x10},
       {38, 18, {{4, {4}}, {8, {0x21}}}, "base_address_space", std::nullopt},
   };
   for (const auto& test : cases) {

@@ -35,6 +35,8 @@ TEST(OverviewTextTest, WrapsCutsAndPutsTogether) {
   const Bytes processor = Structure(
       4, {0, 3, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0x60, 9, 0, 0, 0x41, 1},
       {"Quern\xAE  Q9 with a name that is longer than that of any other, and a speed of 2.40 GHz"});
+  const Bytes disabled = Structure(
+      4, {0, 3, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0x43, 1}, {"Quern Q1"});
   const Bytes emptySocket(Structure(4, Bytes(22)));
   const Bytes used =
       Structure(17, {9, 0, 0, 0, 0, 0, 0, 0, 0, 4, 15, 0, 1, 2, 20, 0, 0}, {"DIMM 0", "Channel A"});
@@ -42,6 +44,7 @@ TEST(OverviewTextTest, WrapsCutsAndPutsTogether) {
       Structure(1, {1, 2, 3, 4}, {"HP", "HP Z", "1.0", std::string(200, 'w').c_str()}),
       processor,
       processor,
+      disabled,
       emptySocket,
       used,
   });
@@ -60,6 +63,7 @@ TEST(OverviewTextTest, WrapsCutsAndPutsTogether) {
                      wwwwwwwwwwwwwwwww...
 Processor            2 x Quern® Q9 with a name that is longer than that of any other,
                      and a speed of 2.40 GHz, up to 2400 MHz
+                     Quern Q1, disabled
                      1 socket empty
 Memory               1 GiB in 1 of 19 slots
   DIMM 0, Channel A  1 GiB DDR2 FB-DIMM

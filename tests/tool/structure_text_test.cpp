@@ -113,6 +113,51 @@ OEM, type 200, handle 0008h, at 00AEh
 )");
 }
 
+TEST(StructureTextTest, SaysWhatNumbersMeanThatAreNone) {
+  EXPECT_EQ(TextOf(Join({
+                Structure(38, {1, 0x20, 0x20, 0xFF, 0xA3, 0x0C, 0, 0, 0, 0, 0, 0, 0x50, 0}),
+                WithHandle(1, Structure(41, {0, 0x85, 255, 0xFF, 0, 0xFF, 0xFF})),
+                WithHandle(2, Structure(6, {0, 0xF1, 0, 0, 0, 0x7F, 0x7F, 0})),
+            })),
+            R"(IPMI Device Information, type 38, handle 0000h, at 0000h
+    Interface type: KCS: Keyboard Controller Style
+    IPMI specification revision:
+        Minor: 0
+        Major: 2
+    I2C target address: 10h
+    NV storage device address: none
+    Base address: 0CA3h
+    Base address space: I/O
+    Base address modifier interrupt info:
+        Interrupt trigger mode: edge
+        Interrupt polarity: active low
+        Interrupt info specified: no
+        LS bit for addresses: 1
+        Register spacing: Interface registers are on 32-bit boundaries.
+    Interrupt number: none
+
+Onboard Devices Extended Information, type 41, handle 0001h, at 0014h
+    Device type: Ethernet
+        Enabled: yes
+    Device type instance: 255
+    Segment group number: none
+    Bus number: none
+    Device function number: none
+
+Memory Module Information, type 6, handle 0002h, at 0021h
+    Bank connections:
+        Second row address strobe: 01h
+        First row address strobe: none
+    Current speed: unknown
+    Current memory type: none
+    Installed size: 0 bytes
+        Double bank connection: no
+    Enabled size: 0 bytes
+        Double bank connection: no
+    Error status: none
+)");
+}
+
 TEST(StructureTextTest, WritesQuantitiesInTheUnitsOfPeople) {
   const struct {
     std::string_view Key;

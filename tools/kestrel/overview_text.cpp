@@ -185,7 +185,8 @@ std::string TextOfProcessor(const ProcessorFacts& processor) {
        maximum   ? Join({"up to ", Decimal(*maximum), " MHz"})
        : current ? Join({Decimal(*current), " MHz"})
                  : "",
-       Labelled(l3.value_or(0) != 0 ? "L3" : "L2", SizeOrNothing(l3.value_or(0) != 0 ? l3 : l2))});
+       Labelled(l3.value_or(0) != 0 ? "L3" : "L2", SizeOrNothing(l3.value_or(0) != 0 ? l3 : l2)),
+       processor.IsDisabled ? "disabled" : ""});
 }
 
 void AddProcessors(RowList& rows, const Overview& overview) {

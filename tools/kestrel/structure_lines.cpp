@@ -54,7 +54,7 @@ std::string TextOfPart(const Part& part, std::uint64_t whole) {
     case PartKind::Number:
       break;
   }
-  return TextOfNumber(part.Key, value, kWidth);
+  return TextOfNumber(part.Key, value, kWidth, part.Codes);
 }
 
 std::string TextOf(const DecodedField& quantity) {
@@ -76,7 +76,9 @@ std::bitset<256> OffsetsOfExtensions(std::span<const DecodedField> fields) {
       offset = field.Definition->Offset;
     } else if (IsQuantity(field)) {
       for (const catalog::NumberPlace& place : field.Definition->Conversion.Others) {
-        offsets.set(place.Offset, offsets.test(place.Offset) || place.Offset > offset);
+        if (place.Offset > offset && !place.SaysMore) {
+          offsets.set(place.Offset);
+        }
       }
     }
   }
@@ -159,7 +161,7 @@ void LineMaker::AddField(const DecodedField& field, const StructureLine& line) {
   const catalog::Field& definition = *field.Definition;
   switch (definition.Kind) {
     case FieldKind::Number:
-      Add(line, TextOfNumber(definition.Key, field.Number, field.Bytes.size()));
+      Add(line, TextOfNumber(definition.Key, field.Number, field.Bytes.size(), definition.Codes));
       break;
     case FieldKind::String:
       AddString(field, line);
@@ -239,6 +241,11 @@ void LineMaker::AddBits(const DecodedField& field, const StructureLine& line) {
 }
 
 void LineMaker::AddParts(const DecodedField& field, StructureLine line) {
+  const std::string_view other = catalog::FindText(field.Definition->Codes, field.Number);
+  if (!other.empty()) {
+    Add(line, other);
+    return;
+  }
   const auto& parts = field.Definition->Parts;
   // A code that is the field itself.
   const auto code =

@@ -146,8 +146,12 @@ std::string TextOfQuantity(std::string_view key, std::uint64_t number, bool isSi
                TextOfDecimal(isNegative ? 0 - number : number, unit.Decimals), unit.Text});
 }
 
-std::string TextOfNumber(std::string_view key, std::uint64_t number, std::size_t width) {
-  return IsHexadecimal(key) ? HexadecimalOf(number, width) : Join({Decimal(number)});
+std::string TextOfNumber(std::string_view key, std::uint64_t number, std::size_t width,
+                         std::span<const catalog::Code> codes) {
+  const std::string_view text = catalog::FindText(codes, number);
+  return !text.empty()        ? std::string(text)
+         : IsHexadecimal(key) ? HexadecimalOf(number, width)
+                              : Join({Decimal(number)});
 }
 
 std::string TextOfCode(std::span<const catalog::Code> codes, std::uint64_t code,

@@ -26,8 +26,9 @@ std::string TextOfSize(std::uint64_t bytes);
 std::string TextOfQuantity(std::string_view key, std::uint64_t number, bool isSigned = false);
 
 // Decimal, or hexadecimal where the key is that of an address, an identifier or the like. `width`
-// is that of the field, in bytes.
-std::string TextOfNumber(std::string_view key, std::uint64_t number, std::size_t width);
+// is that of the field, in bytes. A number that is among `codes` is shown by its text.
+std::string TextOfNumber(std::string_view key, std::uint64_t number, std::size_t width,
+                         std::span<const catalog::Code> codes = {});
 
 // The text of a code, else the number in hexadecimal.
 std::string TextOfCode(std::span<const catalog::Code> codes, std::uint64_t code, std::size_t width);
