@@ -109,7 +109,7 @@ void Measure(benchmark::State& state, std::size_t tableSize, Work work) {
   }
 }
 
-// An access that tells a reader the version of the newer layouts; the tables are walked without it.
+// An access that gives a reader the version of the newer layouts; the tables are walked without it.
 std::unique_ptr<kestrel::FirmwareAccess> EmptyTable() {
   return std::make_unique<kestrel::TableFirmware>(kestrel::kSampleVersion, Table());
 }

@@ -1,6 +1,6 @@
 /*
  * What the access drivers let a host see of physical memory. A host names an address, then a
- * length, and then takes that many bytes; whatever else it asks for is refused here.
+ * length, and then takes that many bytes; anything else is refused here.
  *
  * This part decides and computes, and touches no memory but what it is handed. It is written in the
  * C of 1989 and needs no header of a system, so that the compilers of every driver take it.

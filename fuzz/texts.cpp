@@ -39,7 +39,7 @@ SmbiosTable TableOf(std::span<const std::uint8_t> input) {
   return table;
 }
 
-// What each command writes, and what it tells besides.
+// What each command writes, and what it says besides.
 using Texts = std::map<std::string, std::string>;
 
 Texts Render(const SmbiosTable& table) {
@@ -122,7 +122,7 @@ void CheckDump(const SmbiosTable& table, Texts texts) {
   }
   Require(image.Source.Table.Bytes == table.Bytes, "a dump has another table");
   if (table.EntryPoint.Kind == EntryPointKind::None) {
-    // The dump has an entry point, which JSON tells, and whose count hides what is after the last
+    // The dump has an entry point, which JSON shows, and whose count hides what is after the last
     // structure.
     std::erase_if(texts, [](const auto& text) {
       return text.first == "json" || text.first == "check" || text.first == "html" ||

@@ -4,7 +4,7 @@
  * There is one reader per process. A host calls OpenSMBios, then ReadSMObjects, then any of the
  * text functions as often as it likes, and finally CloseSMBios. The functions take no lock: call
  * them from one thread at a time. None of them prints or throws, and a thread is not cancelled
- * inside one. CloseSMBios undoes whatever they did, except that Windows keeps its service library
+ * inside one. CloseSMBios undoes what they did, except that Windows keeps its service library
  * loaded.
  *
  * A text function takes the size of the caller's buffer in bytes, terminating zero included, and

@@ -62,7 +62,7 @@ NTSTATUS CopyPhysicalMemory(const PhysicalRange* range, void* buffer) {
   const NTSTATUS status = CopyInThisProcess(range, buffer);
   KeDetachProcess();
 #else
-  /* Unlike KeAttachProcess, which Windows NT 4 has alone, this may find the thread attached. */
+  /* Unlike KeAttachProcess, all that Windows NT 4 has, this may find the thread attached. */
   KAPC_STATE state;
   KeStackAttachProcess((PKPROCESS)PsInitialSystemProcess, &state);
   const NTSTATUS status = CopyInThisProcess(range, buffer);

@@ -33,7 +33,7 @@ typedef struct SkuaRequest {
   Unsigned32 Count; /* where the number of bytes written to the output goes, or 0 */
 } SkuaRequest;
 
-/* Answers a request. The count is written for the three device control codes alone. */
+/* Answers a request. The count is written only for the three device control codes. */
 Unsigned32 AnswerSkuaRequest(const SkuaRequest* request);
 
 #endif

@@ -27,7 +27,7 @@ auto CallWithinMemory(Body body) -> decltype(body()) {
 }
 
 // Runs one export. On Linux a cancellation of the thread waits until the export is over, since it
-// would unwind the thread out of whatever the export has half done.
+// would unwind the thread out of a half-done export.
 template <typename Body>
 auto Guard(Body body) -> decltype(body()) {
 #if defined(__linux__)

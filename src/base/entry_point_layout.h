@@ -21,7 +21,7 @@ inline constexpr std::size_t kShortestSize = 0x1E;
 
 inline constexpr std::size_t kChecksum = 0x04;
 inline constexpr std::size_t kLength = 0x05;
-// The second half has an anchor and a checksum of its own.
+// The second half has its own anchor and checksum.
 inline constexpr std::size_t kIntermediateStart = 0x10;
 inline constexpr std::size_t kIntermediateSize = 0x0F;
 inline constexpr std::size_t kIntermediateChecksum = 0x15;

@@ -320,7 +320,7 @@ void StructureChecker::CheckLength(const Structure& structure, const StructureTy
                                    FaultList& faults) const {
   const LeastLength* least = nullptr;
   for (const LeastLength& row : type.LeastLengths) {
-    // No reader expects less than the first version of the type has, whatever the table's version.
+    // No reader expects less than the first version of the type has, in any version of the table.
     if (least == nullptr || IsAtLeast(Version, row.Major, row.Minor)) {
       least = &row;
     }

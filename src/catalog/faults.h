@@ -35,7 +35,7 @@ struct FaultPlace {
   std::optional<std::uint16_t> Handle = std::nullopt;
 };
 
-// What tells kinds of faults apart. The views must outlive the list that they are added to.
+// What makes two faults the same kind. The views must outlive the list that they are added to.
 struct FaultKind {
   std::string_view Name;
   // The key of the field that is wrong, if it is one.

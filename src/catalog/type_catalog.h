@@ -20,10 +20,10 @@ extern const std::span<const StructureType> kManagementTypes;  // management_typ
 // The published type of that number, or nullptr.
 const StructureType* FindStructureType(std::uint8_t type);
 
-// The published text of a code; empty where nobody published one.
+// The published text of a code; empty where there is none.
 std::string_view FindText(std::span<const Code> codes, std::uint64_t value);
 
-// The published name of a type, "OEM" for 128 to 255; empty where nobody published one.
+// The published name of a type, "OEM" for 128 to 255; empty where there is none.
 std::string_view GetTypeName(std::uint8_t type);
 
 }  // namespace kestrel::catalog

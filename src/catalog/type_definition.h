@@ -68,7 +68,7 @@ enum class FieldKind : std::uint8_t {
   Handle,      // of another structure
   Uuid,        // 16 bytes
   Characters,  // ASCII characters that stand in the formatted area
-  Bytes,       // whatever they mean, in hexadecimal
+  Bytes,       // of any meaning, in hexadecimal
   Reserved,    // passed over
   List,        // entries that repeat
   Quantity,    // what a stored number means, by its conversion; mostly in a base unit
@@ -103,7 +103,8 @@ struct ConversionRule {
 struct List;
 struct Field;
 
-// A field that stands right after one whose size the structure tells, and so at no fixed offset.
+// A field that stands right after one whose size stands in the structure, and so at no fixed
+// offset.
 inline constexpr std::uint8_t kFollows = 0;
 // A field that takes all that is left of the formatted area, or of its entry.
 inline constexpr std::uint8_t kRest = 0;
@@ -144,14 +145,14 @@ constexpr bool IsMadeOfNumberBefore(const Field& field) {
 struct List {
   // How many there are, and how long each is.
   enum class Count : std::uint8_t {
-    FieldBefore,  // as the field right before the list tells
-    FromField,    // as the byte at offset CountOffset of the structure tells
+    FieldBefore,  // in the field right before the list
+    FromField,    // in the byte at offset CountOffset of the structure
     ToTheEnd,
   };
   enum class Size : std::uint8_t {
     Fixed,        // SizeOrOffset bytes
-    FromField,    // as the byte at offset SizeOrOffset of the structure tells
-    FirstByte,    // as the entry's own first byte tells, that byte included
+    FromField,    // in the byte at offset SizeOrOffset of the structure
+    FirstByte,    // in the entry's own first byte, that byte included
     AsItsFields,  // as long as its fields turn out to be
   };
 
@@ -233,7 +234,7 @@ constexpr Field CharactersField(std::uint8_t offset, std::uint8_t width, std::st
 constexpr Field BytesField(std::uint8_t offset, std::uint8_t width, std::string_view key) {
   return {offset, width, key, FieldKind::Bytes};
 }
-// As many bytes as the byte at `lengthOffset` tells.
+// As many bytes as the byte at `lengthOffset` says.
 constexpr Field CountedBytesField(std::uint8_t offset, std::string_view key,
                                   std::uint8_t lengthOffset) {
   return {.Offset = offset,

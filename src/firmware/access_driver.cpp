@@ -147,7 +147,7 @@ int AccessDriver::DetectPlatform() {
   auto* record = reinterpret_cast<OSVERSIONINFOA*>(&version);
   version.dwOSVersionInfoSize = sizeof(OSVERSIONINFOEXA);
   if (GetVersionExA(record) == FALSE) {
-    // The 9x family, and Windows NT 4 before its last service packs, know the plain record alone.
+    // The 9x family, and Windows NT 4 before its last service packs, know only the plain record.
     version.dwOSVersionInfoSize = sizeof(OSVERSIONINFOA);
     if (GetVersionExA(record) == FALSE) {
       return 0;

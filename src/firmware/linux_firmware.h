@@ -6,7 +6,7 @@
 
 namespace kestrel {
 
-// Where the Linux kernel publishes the tables of the machine it runs on; for root alone.
+// Where the Linux kernel publishes the tables of the machine it runs on; only root may read them.
 inline constexpr const char* kKernelTables = "/sys/firmware/dmi/tables";
 
 // The tables of the machine that the process runs on, as the Linux kernel publishes them.

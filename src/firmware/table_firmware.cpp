@@ -34,7 +34,7 @@ TableFirmware::TableFirmware(const SmbiosTable& table) {
     bytes.resize(length);
     bytes.shrink_to_fit();
   }
-  // The reader asks for address, length and version alone, so the structures need not be counted.
+  // The reader asks for address, length and version only, so the structures need not be counted.
   Memory.Map(kBiosAreaStart, MakeEntryPoint(table.EntryPoint.Version, kTableAddress,
                                             static_cast<std::uint16_t>(length), {}));
   Memory.Map(kTableAddress, std::move(bytes));

@@ -43,7 +43,7 @@ inline constexpr std::string_view kNoValue;
 // Returns a text about the system, which stands between double quotes.
 using MifValueGetter = std::string (SMBiosReader::*)() const;
 
-// In a description, "\n" separates literals, each of which has a line of its own.
+// In a description, "\n" separates literals, each on a line by itself.
 
 struct MifAttribute {
   std::string_view Name;

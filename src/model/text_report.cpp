@@ -9,7 +9,7 @@ namespace kestrel {
 
 namespace {
 
-// Memory topology is for the MIF document alone; nothing shows the boot status.
+// Memory topology is only for the MIF document; nothing shows the boot status.
 constexpr std::array<std::uint8_t, 5> kTypesLeftOut = {16, 17, 19, 20, 32};
 
 bool IsLeftOut(std::uint8_t type) {

@@ -132,7 +132,7 @@ class SMType8Obj final : public SMObj {
 };
 
 ItemText SMType8Obj::GetInternalConnectorTypeText() const {
-  // Only the designator tells a keyboard's connector from the others that have no code.
+  // Only by the designator can a keyboard's connector be told from others without a code.
   const bool isKeyboard =
       InternalConnectorType == kOtherConnector &&
       GetString(InternalReferenceDesignator).find("Keyboard") != std::string_view::npos;

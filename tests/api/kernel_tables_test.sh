@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs the library, through a host, and the tool on tables that stand where the kernel publishes
-# them. Arguments: the tool, the host. Exits with 77 where nobody may arrange that.
+# them. Arguments: the tool, the host. Exits with 77 where that is not permitted.
 set -euo pipefail
 kestrel=$1 host=$2
 . support/tables.sh

@@ -35,7 +35,7 @@ TEST(StructureScanTest, FindsStructuresByTheirLengthAndStrings) {
     std::string_view Lines;
   } cases[] = {
       {"no bytes", {}, {}, "complete at 0\n"},
-      {"zeros alone", Bytes(7), {}, "complete at 0\n"},
+      {"only zeros", Bytes(7), {}, "complete at 0\n"},
       {"no strings, then BIOS Information",
        {4, 5, 1, 0, 9, 0, 0, 0, 4, 2, 0, 0, 0},
        {},

@@ -59,7 +59,7 @@ TEST(ImageTest, ReadsEachKind) {
     Bytes Image;
     ImageOutcome Expected;
   } cases[] = {
-      {"the BIOS area alone", area32, {Memory, kVersion, kEnd}},
+      {"only the BIOS area", area32, {Memory, kVersion, kEnd}},
       {"the first megabyte", Join({Bytes(0xF0000), area32}), {Memory, kVersion, kEnd}},
       {"more, with the table at the end",
        Join({Bytes(0xF0000), PadTo(0x10000, EntryPoint32(kVersion, 12, 0x100000)), kTwoEnds}),

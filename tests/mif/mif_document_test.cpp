@@ -67,7 +67,7 @@ TEST(MifDocumentTest, HasAFieldPerAttributeInEachRow) {
 }
 
 // Two or more structures of each type that gives rows, and others between them: rows and system
-// texts come in table order, whatever else is there.
+// texts come in table order among all others.
 TEST(MifDocumentTest, DescribesManyStructures) {
   const Bytes table = Join({
       Structure(4,
@@ -130,7 +130,7 @@ TEST(MifDocumentTest, CutsTheReleaseDateOfTheBios) {
       });
 }
 
-// Consoles get the strings of the firmware as they are, whatever becomes of the document.
+// Consoles get the strings of the firmware as they are, even where they break the document.
 TEST(MifDocumentTest, LeavesStringsUnchanged) {
   const std::string odd = "a\"b\\c\x1B\x07\r\n\xFF\t ";
   EXPECT_EQ(MifRowsOf(Structure(0, Join({{1, 2, 0, 0, 3}, Bytes(9)}), {odd, "\\", "\"\x01"}), 0),

@@ -40,7 +40,7 @@ TEST(TableWalkTest, FindsEachStructure) {
     std::vector<int> Types;
   } cases[] = {
       {"no bytes", {}, {}},
-      {"end of table alone", kEnd, {127}},
+      {"only an end of table", kEnd, {127}},
       {"zeros after the end of table", Join({Bios({"A", "B", "C"}), kEnd, Bytes(6)}), {0, 127}},
       {"no reader, no strings", Join({{0xC8, 6, 0x34, 0x12, 1, 2, 0, 0}, kEnd}), {127}},
       {"no reader, two strings",
@@ -67,7 +67,7 @@ TEST(TableWalkTest, FindsEachStructure) {
       {"a Length of 0", Join({{1, 0, 0}, kEnd}), {1, 127}},
       {"a Length that leaves the table", {127, 255, 0, 0, 1, 2, 3, 4}, {127}},
       {"a string set that leaves the table", {127, 4, 0, 0, 'A', 'B', 0}, {127}},
-      {"a type byte alone", {127}, {127}},
+      {"only a type byte", {127}, {127}},
   };
   for (const auto& test : cases) {
     EXPECT_EQ(TypesIn(test.Table), test.Types) << test.Name;

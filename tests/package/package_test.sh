@@ -26,7 +26,7 @@ expect depends "libkestrel1 (= $(dpkg-deb -f "$packages"/libkestrel1_*.deb Versi
 expect tool "$("$build/tools/kestrel/kestrel" bios --sample)" "$("$root/bin/kestrel" bios --sample)"
 
 # Hardened like Debian's own packages. FORTIFY leaves no trace in a file that calls none of what it
-# replaces, so it shows in the commands alone.
+# replaces, so it shows only in the commands.
 for file in "$root/bin/kestrel" "$root/lib/$multiarch/libkestrel.so.1"; do
   expect "hardening of $file" "BIND_NOW GNU_RELRO GNU_STACK RW __stack_chk_fail" "$({
     readelf --dynamic --wide "$file" | grep -o BIND_NOW

@@ -190,7 +190,7 @@ BOOL ControlService(SC_HANDLE service, DWORD control, SERVICE_STATUS* status) {
     ChangeService(kStopPending, machine->Setup.MillisecondsToStop);
   }
   status->dwCurrentState = ServiceState();
-  // A service that is stopped refuses, and still tells its state.
+  // A service that is stopped refuses, and still gives its state.
   return status->dwCurrentState != SERVICE_STOPPED;
 }
 

@@ -1,5 +1,5 @@
 /* Preloaded to the tool, lets one of its calls fail: that with the number KESTREL_FAILING_CALL,
-   from 0 on. The link "failed" in the current folder then tells that there was such a call.
+   from 0 on. The link "failed" in the current folder then shows that there was such a call.
    Counting starts with main, which sets a signal first: nothing before it could tell of a failure.
  */
 #define _GNU_SOURCE

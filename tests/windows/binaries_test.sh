@@ -1,6 +1,6 @@
 #!/bin/sh
-# Compares what Kestrel.dll, kestrel.exe and the drivers of both widths say of themselves with what they have to
-# say. The argument is the folder that holds the build folders mingw32 and mingw64.
+# Compares what Kestrel.dll, kestrel.exe and the drivers of both widths say of themselves with what they
+# have to say. The argument is the folder that holds the build folders mingw32 and mingw64.
 set -eu
 build=$1
 for preset in mingw32 mingw64; do
@@ -9,7 +9,7 @@ done
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# Whatever is on standard input should not be there.
+# What is on standard input should not be there.
 refuse() {
   if grep . >"$work/refused"; then
     echo "$1:"
@@ -36,7 +36,7 @@ describe() {
     END { if (count) print count, "exports" }' "$work/headers"
 }
 
-# What a file may not have, whatever it is: memory that is both written and run, or anything but
+# What no file may have: memory that is both written and run, or anything but
 # relocations that Windows may discard. Windows loads no driver whose checksum is wrong, either: the
 # sum of its 16-bit words, with the carries added and without the checksum itself, and its length.
 list_faults() {

@@ -1,4 +1,4 @@
-"""Wine for tests: a prefix of its own, no display, and nothing left of it afterwards."""
+"""Wine for tests: a new prefix, no display, and nothing left of it afterwards."""
 
 import os
 import shutil
@@ -30,7 +30,7 @@ def end(*_):
 
 
 class Wine:
-    """Stops whatever it has started when its block is left. `allowed` is how many seconds the block
+    """Stops what it has started when its block is left. `allowed` is how many seconds the block
     may take in all."""
 
     def __init__(self, prefix, allowed):

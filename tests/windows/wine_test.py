@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Runs Kestrel.dll, kestrel.exe and the driver, which reads a memory image here, on Wine's Windows.
-What comes out is compared with what the tool of this system makes of the same machine. The tool runs as Windows 10 as well.
+What comes out is compared with what the tool of this system makes of the same machine.
+The tool runs as Windows 10 as well.
 Arguments: the folder with the files for Windows, the tool of this system, the prefix for Wine, and
 the versions of Windows to be. Those with services come first."""
 
@@ -115,7 +116,7 @@ def test_driver(machine):
 
 
 def test_windows_10(machine):
-    """The tool asks Windows, which has a table of its own, and not the driver."""
+    """The tool asks Windows, which has its own table, and not the driver."""
     machine.wine.report_version("win10")
     tool = machine.program("kestrel.exe")
     code, listed, errors = machine.wine.run(tool, "list")

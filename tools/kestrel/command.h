@@ -25,12 +25,12 @@ inline constexpr unsigned kTakesHandle = 32;     // --handle H
 inline constexpr unsigned kTakesKeywords = 64;   // KEYWORD, any number of them
 inline constexpr unsigned kTakesLines = 128;     // --lines, and --images-from LIST
 inline constexpr unsigned kTakesOverview = 256;  // --overview
-// Shows the same of a table whatever version it is read as.
+// Shows the same of a table in any version.
 inline constexpr unsigned kIgnoresVersion = 512;
 
 struct CommandRun;
 
-// A command of the tool, in all that tells it from the others.
+// A command: name, options, function.
 struct Command {
   const char* Name;
   const char* Description;

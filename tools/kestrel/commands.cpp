@@ -206,7 +206,7 @@ SmbiosTable ReadListed(const CommandLine& line, const std::string& name,
   return ReadSource(source, warnings);
 }
 
-// Runs the command on an image of a list, and returns what a process with this image alone would.
+// Runs the command on an image of a list, and returns what a run on this image only would.
 ExitCode RunOnListed(const CommandLine& line, const std::string& name, Output& output,
                      Progress& progress) {
   std::vector<std::string> warnings;

@@ -30,7 +30,7 @@ class HandleNames {
 // What HandleNames calls a structure.
 std::string MakeNameOf(const catalog::Structure& structure);
 
-// The name of a type, "Unknown" where nobody published one.
+// The name of a type, "Unknown" where none is published.
 std::string_view TitleOfType(std::uint8_t type);
 
 }  // namespace kestrel

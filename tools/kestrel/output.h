@@ -64,7 +64,7 @@ std::unique_ptr<Output> MakeStandardOutput();
 // link is followed. A new file that is not finished is removed.
 std::unique_ptr<Output> MakeFileOutput(const std::filesystem::path& path);
 
-// A new file that its owner may read, and nobody else. Refuses a name that exists, even as a link;
+// A new file that only its owner may read. Refuses a name that exists, even as a link;
 // with `force` it takes the place of an existing regular file when it is finished, and until then
 // that file stays as it is.
 std::unique_ptr<Output> MakeNewFileOutput(const std::filesystem::path& path, bool force);

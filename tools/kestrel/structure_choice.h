@@ -11,7 +11,7 @@ namespace kestrel {
 inline constexpr std::string_view kTypeWords =
     "bios, system, baseboard, chassis, processor, memory, cache, connector or slot";
 
-// Appends the types that a word stands for, in whatever case it is written, or the one of a decimal
+// Appends the types that a word stands for, in any case of letters, or the one of a decimal
 // number. Returns false, and appends nothing, where the text is neither.
 bool AppendTypes(std::vector<std::uint8_t>& types, std::string_view text);
 

@@ -28,7 +28,7 @@ struct StructureLine {
 using TakeLine = std::function<void(const StructureLine&)>;
 
 // Puts a structure into words, a line for each field in the order of the fields. A quantity stands
-// in place of the numbers that it is made of. Of types that nobody published there are strings and
+// in place of the numbers that it is made of. Of types that are not published there are strings and
 // bytes.
 void DescribeStructure(const catalog::Structure& structure, SmbiosVersion version,
                        HandleNames& names, const TakeLine& take);

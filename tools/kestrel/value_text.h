@@ -21,7 +21,7 @@ std::string TextOfFirmware(std::string_view bytes);
 // A number with the unit in which it is whole: "16 GiB", "1536 MiB", "1 byte".
 std::string TextOfSize(std::uint64_t bytes);
 
-// A quantity in the unit that people use for it, which its key tells: "3200 MT/s", "-5 °C". Signed
+// A quantity in the unit that people use for it, which its key names: "3200 MT/s", "-5 °C". Signed
 // numbers are those of an std::int64_t.
 std::string TextOfQuantity(std::string_view key, std::uint64_t number, bool isSigned = false);
 
