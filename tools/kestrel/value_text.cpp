@@ -161,9 +161,16 @@ std::string TextOfCode(std::span<const catalog::Code> codes, std::uint64_t code,
 }
 
 std::string TextOfBytes(std::span<const std::uint8_t> bytes) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string text;
+  text.reserve(3 * bytes.size());
+  // By digits, since a piece for each byte is 9% of a page's instructions.
   for (const std::uint8_t byte : bytes) {
-    Append(text, {text.empty() ? "" : " ", Hex(byte, 2)});
+    if (!text.empty()) {
+      text.push_back(' ');
+    }
+    text.push_back(kDigits[byte >> 4]);
+    text.push_back(kDigits[byte & 0xFU]);
   }
   return text;
 }
