@@ -57,5 +57,18 @@ TEST(HtmlPageTest, DrawsMemoryInItsPlaces) {
   }
 }
 
+TEST(HtmlPageTest, DrawsModulesRatherThanEmptySlotsAndNoEmptySection) {
+  const Bytes empty = Structure(17, {0, 0, 0, 0, 64, 0, 64, 0, 0, 0, 9, 0, 1, 0, 2, 0, 0}, {"A"});
+  const Bytes module = Structure(17, {0, 0, 0, 0, 64, 0, 64, 0, 0, 4, 9, 0, 1, 0, 24, 0, 0}, {"Z"});
+  Bytes table;
+  for (int count = 0; count < 70; ++count) {
+    table.insert(table.end(), empty.begin(), empty.end());
+  }
+  const std::string page = PageOf(Join({table, module}));
+  EXPECT_THAT(page, testing::HasSubstr("<title>Z: 1 GiB, DDR3, DIMM</title>"));
+  EXPECT_THAT(page, testing::HasSubstr("1 GiB in 1 of 71 slots"));
+  EXPECT_THAT(page, testing::Not(testing::HasSubstr("Slots, ports, power and sensors")));
+}
+
 }  // namespace
 }  // namespace kestrel
