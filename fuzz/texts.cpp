@@ -99,7 +99,11 @@ void CheckTexts(const Texts& texts, std::size_t tableSize) {
   for (const auto& [name, text] : texts) {
     // The report believes a count of 255 entries although there are no bytes of them.
     const std::size_t perByte = name == "report" ? 8192 : 760;
-    const std::size_t frame = name == "mif" ? 65536 : name == "html" ? 16384 : 1024;
+    // JSON has an overview even of no structures.
+    const std::size_t frame = name == "mif"    ? 65536
+                              : name == "html" ? 16384
+                              : name == "json" ? 2048
+                                               : 1024;
     Require(text.size() <= frame + perByte * tableSize, name + " is too long");
     Require(name == "mif" || name == "save" || IsHarmless(text), name + " can drive a terminal");
   }

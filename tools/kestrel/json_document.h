@@ -32,8 +32,9 @@ struct JsonOptions {
 // besides the table: at most six times what the strings of one structure take, and what an overview
 // keeps.
 //
-// The document has at most 760 times as many bytes as the table, where 125 fields name one string
-// of control characters; without such strings 140 times, and of real tables some 30 times.
+// The document has at most 2 KB, and 760 times as many bytes as the table, where 125 fields name
+// one string of control characters; without such strings 140 times, and of real tables some 30
+// times.
 catalog::ScanEnd WriteJsonDocument(const SmbiosTable& table, const JsonOptions& options,
                                    Output& output);
 
