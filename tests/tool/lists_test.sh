@@ -75,7 +75,7 @@ show --type processor
 <!DOCTYPE html>
 html
 Mini Tower
-get chassis-type
+get chassis-type bios-vendor
 END
 
 [ "$failures" -eq 0 ] || exit 1

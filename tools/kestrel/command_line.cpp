@@ -1,8 +1,10 @@
 #include "tools/kestrel/command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -83,18 +85,26 @@ class HelpFormatter : public CLI::Formatter {
   }
 };
 
+// An option that takes text. `set` is called for each text that is given.
+CLI::Option* AddText(CLI::App& app, const char* name, const char* taken, const char* description,
+                     std::function<void(const std::string&)> set) {
+  const auto setAll = [set = std::move(set)](const CLI::results_t& texts) {
+    std::for_each(texts.begin(), texts.end(), set);
+    return true;
+  };
+  return app.add_option(name, setAll, description)->type_name(taken);
+}
+
 void AddSource(CLI::App& app, SourceOptions& source) {
   constexpr const char* kGroup = "Source, where it is not this machine";
   const auto setImage = [&source](const std::string& name) { source.Image = ToPath(name); };
-  CLI::Option* image = app.add_option_function<std::string>(
-      "--image", setImage,
-      "A saved image, a folder with smbios_entry_point and DMI,\n"
-      "or - for an image on standard input");
-  image->type_name("FILE")->group(kGroup);
+  CLI::Option* image = AddText(app, "--image", "FILE",
+                               "A saved image, a folder with smbios_entry_point and DMI,\n"
+                               "or - for an image on standard input",
+                               setImage)
+                           ->group(kGroup);
   const auto setKind = [&source](const std::string& name) { source.Format = ToKind(name); };
-  app.add_option_function<std::string>("--format", setKind,
-                                       "Its kind: auto (default), memory, dump, rsmb or raw")
-      ->type_name("KIND")
+  AddText(app, "--format", "KIND", "Its kind: auto (default), memory, dump, rsmb or raw", setKind)
       ->group(kGroup)
       ->needs(image);
   const auto setVersion = [&source](const std::string& text) {
@@ -103,9 +113,8 @@ void AddSource(CLI::App& app, SourceOptions& source) {
       throw CLI::ValidationError("--smbios-version", "goes with a raw table only");
     }
   };
-  app.add_option_function<std::string>("--smbios-version", setVersion,
-                                       "Its version, if it is a raw table (default 2.3)")
-      ->type_name("M.N")
+  AddText(app, "--smbios-version", "M.N", "Its version, if it is a raw table (default 2.3)",
+          setVersion)
       ->group(kGroup)
       ->needs(image);
   app.add_flag("--sample", source.Sample, "The built-in example, an invented PC of 2002")
@@ -117,9 +126,7 @@ void AddOptions(CLI::App& app, CommandLine& line) {
   const unsigned options = line.Chosen->Options;
   const auto setOutput = [&line](const std::string& name) { line.Output = ToPath(name); };
   if ((options & kTakesNewFile) != 0) {
-    app.add_option_function<std::string>("FILE", setOutput, "Where the dump goes")
-        ->required()
-        ->type_name("");
+    AddText(app, "FILE", "", "Where the dump goes", setOutput)->required();
     app.add_flag("--force", line.Force, "Write over a file that is there");
   }
   if ((options & kTakesExact) != 0) {
@@ -132,10 +139,8 @@ void AddOptions(CLI::App& app, CommandLine& line) {
                                    "takes a number up to 255, or " + std::string(kTypeWords));
       }
     };
-    app.add_option_function<std::string>(
-           "--type", addTypes,
-           "Only structures of this type, a number or a word; may be given again")
-        ->type_name("N")
+    AddText(app, "--type", "N",
+            "Only structures of this type, a number or a word; may be given again", addTypes)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->trigger_on_parse();
   }
@@ -150,29 +155,23 @@ void AddOptions(CLI::App& app, CommandLine& line) {
         throw CLI::ValidationError("--handle", "takes a number like 0008h, 0x8 or 8");
       }
     };
-    app.add_option_function<std::string>("--handle", setHandle,
-                                         "Only the structure with this handle")
-        ->type_name("H");
+    AddText(app, "--handle", "H", "Only the structure with this handle", setHandle);
   }
   if ((options & kTakesKeywords) != 0) {
-    const auto addKeywords = [&line](const std::vector<std::string>& names) {
-      for (const std::string& name : names) {
-        line.Keywords.push_back(FindKeyword(name));
-        if (line.Keywords.back() == nullptr) {
-          throw CLI::ValidationError("there is no keyword " + name + ", the nearest is " +
-                                     std::string(NearestKeyword(name)));
-        }
+    const auto addKeyword = [&line](const std::string& name) {
+      line.Keywords.push_back(FindKeyword(name));
+      if (line.Keywords.back() == nullptr) {
+        throw CLI::ValidationError("there is no keyword " + name + ", the nearest is " +
+                                   std::string(NearestKeyword(name)));
       }
     };
-    app.add_option_function<std::vector<std::string>>("KEYWORD", addKeywords,
-                                                      "What to show, see below")
+    AddText(app, "KEYWORD", "", "What to show, see below", addKeyword)
         ->required()
-        ->type_name("");
+        ->expected(1, -1)
+        ->allow_extra_args();
   }
   if ((options & kTakesOutput) != 0) {
-    app.add_option_function<std::string>("-o,--output", setOutput,
-                                         "Write to a file, or with - to standard output")
-        ->type_name("FILE");
+    AddText(app, "-o,--output", "FILE", "Write to a file, or with - to standard output", setOutput);
   }
   if ((options & kTakesSource) != 0) {
     AddSource(app, line.Source);
@@ -180,10 +179,9 @@ void AddOptions(CLI::App& app, CommandLine& line) {
   if ((options & kTakesLines) != 0) {
     app.add_flag("--lines", line.Lines, "JSON on one line, without blanks");
     const auto setList = [&line](const std::string& name) { line.ImagesFrom = ToPath(name); };
-    app.add_option_function<std::string>(
-           "--images-from", setList,
-           "Images that a list names, one per line, - for standard input: a line of JSON each")
-        ->type_name("LIST")
+    AddText(app, "--images-from", "LIST",
+            "Images that a list names, one per line, - for standard input: a line of JSON each",
+            setList)
         ->excludes(app.get_option("--image"))
         ->excludes(app.get_option("--sample"));
   }
