@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
-#include <nlohmann/json.hpp>
 #include <numeric>
+#include <rapidjson/document.h>
 #include <span>
 #include <string>
 #include <utility>
@@ -112,7 +112,10 @@ void CheckTexts(const Texts& texts, std::size_t tableSize) {
 
 void CheckJson(const std::string& json, const std::string& list) {
   const auto lines = static_cast<std::size_t>(std::count(list.begin(), list.end(), '\n'));
-  Require(nlohmann::json::parse(json).at("structures").size() == lines, "list and JSON differ");
+  rapidjson::Document document;
+  document.Parse<rapidjson::kParseValidateEncodingFlag>(json.c_str());
+  Require(!document.HasParseError(), "JSON is not well-formed");
+  Require(document["structures"].Size() == lines, "list and JSON differ");
 }
 
 // That the dump has the same table and the same texts.

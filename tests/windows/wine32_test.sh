@@ -7,7 +7,7 @@ cd "$(dirname "$0")/../.."
 debian=${1:-build/i386}
 
 scripts/runs-32-bit-programs || { echo "skipped: this kernel runs no 32-bit programs"; exit 77; }
-scripts/require-packages g++-multilib g++-mingw-w64 cmake ninja-build libcli11-dev nlohmann-json3-dev \
+scripts/require-packages clang g++-multilib g++-mingw-w64 cmake ninja-build libcli11-dev rapidjson-dev \
   debootstrap
 if [ ! -e "$debian/usr/lib/wine/wineserver32" ]; then
   debootstrap --arch=i386 --variant=minbase bookworm "$debian"
