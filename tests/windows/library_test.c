@@ -81,7 +81,10 @@ static uint32_t* Headers(void) { return Words(*Words(0x3C)); }
    it. */
 static void* FindImport(const char* name) {
   void* function = dlsym(dlopen(NULL, RTLD_LAZY), name);
-  return function == malloc ? Allocate : function == free ? Free : function;
+  if (function == malloc) {
+    return Allocate;
+  }
+  return function == free ? (void*)Free : function;
 }
 
 enum { Close = 1, Open = 6, Read = 7, ToMif = 8, ToReport = 9 };

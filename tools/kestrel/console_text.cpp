@@ -13,8 +13,6 @@ namespace {
 
 constexpr std::string_view kTextLineEnd = "\r\n";
 
-constexpr char16_t kReplacement = 0xFFFD;
-
 // Whether a character would do something rather than be seen.
 bool IsControl(char16_t unit) {
   return (unit < 0x20 && unit != '\t') || (unit >= 0x7F && unit < 0xA0);

@@ -109,7 +109,6 @@ std::string LabelOf(std::string_view key) {
 }
 
 std::string TextOfFirmware(std::string_view bytes) {
-  constexpr char16_t kReplacement = 0xFFFD;
   std::string text;
   text.reserve(bytes.size());
   for (const char byte : bytes) {
