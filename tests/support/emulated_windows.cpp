@@ -9,7 +9,7 @@ namespace {
 
 using kestrel::EmulatedWindows;
 
-EmulatedWindows* machine = nullptr;
+EmulatedWindows* emulated = nullptr;
 
 constexpr DWORD kStartPending = 2;
 constexpr DWORD kStopPending = 3;
@@ -25,55 +25,55 @@ std::string Text(const char* text) { return text != nullptr ? '"' + std::string(
 // Records a call. False when it is the one that fails.
 template <typename... Arguments>
 bool Begin(const char* name, Arguments... arguments) {
-  machine->Calls += name;
+  emulated->Calls += name;
   const char* separator = "(";
-  ((machine->Calls.append(separator).append(Text(arguments)), separator = ", "), ...);
-  machine->Calls += ")\n";
-  return machine->FailingCall != machine->CallCount++;
+  ((emulated->Calls.append(separator).append(Text(arguments)), separator = ", "), ...);
+  emulated->Calls += ")\n";
+  return emulated->FailingCall != emulated->CallCount++;
 }
 
 template <typename Handle>
 Handle Open(char kind) {
-  machine->OpenHandles.emplace(++machine->LastHandle, kind);
-  return reinterpret_cast<Handle>(machine->LastHandle);  // NOLINT(performance-no-int-to-ptr)
+  emulated->OpenHandles.emplace(++emulated->LastHandle, kind);
+  return reinterpret_cast<Handle>(emulated->LastHandle);  // NOLINT(performance-no-int-to-ptr)
 }
 
 // Whether a handle is open, as it should be, and of that kind.
 bool IsOpen(const void* handle, char kind) {
   const bool isOpen =
-      machine->OpenHandles.contains({reinterpret_cast<std::uintptr_t>(handle), kind});
-  EXPECT_TRUE(isOpen) << machine->Calls;
+      emulated->OpenHandles.contains({reinterpret_cast<std::uintptr_t>(handle), kind});
+  EXPECT_TRUE(isOpen) << emulated->Calls;
   return isOpen;
 }
 
 BOOL Close(const void* handle, char kind, bool succeeds) {
   const bool wasOpen = IsOpen(handle, kind);
-  machine->OpenHandles.erase({reinterpret_cast<std::uintptr_t>(handle), kind});
+  emulated->OpenHandles.erase({reinterpret_cast<std::uintptr_t>(handle), kind});
   return wasOpen && succeeds;
 }
 
 // The state of the service as of now, or 0.
 DWORD& ServiceState() {
-  DWORD& state = machine->Setup.ServiceState;
-  if (machine->Due <= machine->Clock) {
+  DWORD& state = emulated->Setup.ServiceState;
+  if (emulated->Due <= emulated->Clock) {
     state = state == kStartPending ? SERVICE_RUNNING : SERVICE_STOPPED;
-    machine->Due = EmulatedWindows::kNever;
+    emulated->Due = EmulatedWindows::kNever;
   }
   return state;
 }
 
 void ChangeService(DWORD pendingState, DWORD milliseconds) {
-  machine->Setup.ServiceState = pendingState;
-  machine->Due = machine->Clock + milliseconds;
+  emulated->Setup.ServiceState = pendingState;
+  emulated->Due = emulated->Clock + milliseconds;
 }
 
 }  // namespace
 
 namespace kestrel {
 
-EmulatedWindows::EmulatedWindows(const WindowsSetup& setup) : Setup(setup) { machine = this; }
+EmulatedWindows::EmulatedWindows(const WindowsSetup& setup) : Setup(setup) { emulated = this; }
 
-EmulatedWindows::~EmulatedWindows() { machine = nullptr; }
+EmulatedWindows::~EmulatedWindows() { emulated = nullptr; }
 
 std::string EmulatedWindows::GetCall(std::size_t number) const {
   std::size_t start = 0;
@@ -87,13 +87,13 @@ std::string EmulatedWindows::GetCall(std::size_t number) const {
 
 BOOL GetVersionExA(OSVERSIONINFOA* version) {
   const DWORD size = version->dwOSVersionInfoSize;
-  const bool isKnown = size == 148 || (size == 156 && machine->Setup.HasExtendedRecord);
+  const bool isKnown = size == 148 || (size == 156 && emulated->Setup.HasExtendedRecord);
   if (!Begin("GetVersionExA", size) || !isKnown) {
     return FALSE;
   }
-  version->dwPlatformId = machine->Setup.PlatformId;
-  version->dwMajorVersion = machine->Setup.MajorVersion;
-  version->dwMinorVersion = machine->Setup.MinorVersion;
+  version->dwPlatformId = emulated->Setup.PlatformId;
+  version->dwMajorVersion = emulated->Setup.MajorVersion;
+  version->dwMinorVersion = emulated->Setup.MinorVersion;
   return TRUE;
 }
 
@@ -102,17 +102,17 @@ DWORD GetModuleFileNameA(HMODULE module, LPSTR path, DWORD size) {
     return 0;
   }
   // A path that does not fit is cut. No path gets a terminating zero here: its length is enough.
-  return static_cast<DWORD>(machine->ModulePath.copy(path, size));
+  return static_cast<DWORD>(emulated->ModulePath.copy(path, size));
 }
 
-BOOL IsDBCSLeadByte(BYTE byte) { return machine->IsDoubleByte && byte >= 0x81 ? TRUE : FALSE; }
+BOOL IsDBCSLeadByte(BYTE byte) { return emulated->IsDoubleByte && byte >= 0x81 ? TRUE : FALSE; }
 
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, LPVOID security, DWORD disposition,
                    DWORD flags, HANDLE templateFile) {
   const bool succeeds =
       Begin("CreateFileA", path, access, share, security, disposition, flags, templateFile);
   const bool isThere =
-      machine->Setup.PlatformId == VER_PLATFORM_WIN32_WINDOWS || ServiceState() == SERVICE_RUNNING;
+      emulated->Setup.PlatformId == VER_PLATFORM_WIN32_WINDOWS || ServiceState() == SERVICE_RUNNING;
   return succeeds && isThere ? Open<HANDLE>(kDevice) : INVALID_HANDLE_VALUE;
 }
 
@@ -127,12 +127,12 @@ BOOL DeviceIoControl(HANDLE device, DWORD code, LPVOID input, DWORD inputSize, L
   }
   *bytesReturned = 0;
   if (code == 0x222018) {
-    machine->Address = number;
+    emulated->Address = number;
   } else if (code == 0x222040) {
     for (BYTE& byte : std::span(static_cast<BYTE*>(output), outputSize)) {
-      byte = static_cast<BYTE>(machine->Address++);
+      byte = static_cast<BYTE>(emulated->Address++);
     }
-    *bytesReturned = machine->ReportedBytes.value_or(outputSize);
+    *bytesReturned = emulated->ReportedBytes.value_or(outputSize);
   }
   return TRUE;
 }
@@ -141,7 +141,7 @@ BOOL CloseHandle(HANDLE handle) { return Close(handle, kDevice, Begin("CloseHand
 
 void Sleep(DWORD milliseconds) {
   Begin("Sleep", milliseconds);
-  machine->Clock += milliseconds;
+  emulated->Clock += milliseconds;
 }
 
 SC_HANDLE OpenSCManagerA(LPCSTR machineName, LPCSTR database, DWORD access) {
@@ -164,7 +164,7 @@ SC_HANDLE CreateServiceA(SC_HANDLE manager, LPCSTR name, LPCSTR displayName, DWO
       !IsOpen(manager, kService) || ServiceState() != 0) {
     return nullptr;
   }
-  machine->BinaryPath = binaryPath;
+  emulated->BinaryPath = binaryPath;
   ServiceState() = SERVICE_STOPPED;
   return Open<SC_HANDLE>(kService);
 }
@@ -175,7 +175,7 @@ BOOL StartServiceA(SC_HANDLE service, DWORD argumentCount, LPCSTR* arguments) {
       ServiceState() != SERVICE_STOPPED) {
     return FALSE;
   }
-  ChangeService(kStartPending, machine->Setup.MillisecondsToStart);
+  ChangeService(kStartPending, emulated->Setup.MillisecondsToStart);
   return TRUE;
 }
 
@@ -187,7 +187,7 @@ BOOL ControlService(SC_HANDLE service, DWORD control, SERVICE_STATUS* status) {
     if (ServiceState() != SERVICE_RUNNING) {
       return FALSE;
     }
-    ChangeService(kStopPending, machine->Setup.MillisecondsToStop);
+    ChangeService(kStopPending, emulated->Setup.MillisecondsToStop);
   }
   status->dwCurrentState = ServiceState();
   // A service that is stopped refuses, and still gives its state.
@@ -198,7 +198,7 @@ BOOL DeleteService(SC_HANDLE service) {
   if (!Begin("DeleteService", service) || !IsOpen(service, kService)) {
     return FALSE;
   }
-  machine->Setup.ServiceState = 0;
+  emulated->Setup.ServiceState = 0;
   return TRUE;
 }
 
