@@ -20,6 +20,9 @@ target_compile_options(kestrel_compiler INTERFACE
 
 if(KESTREL_SANITIZERS)
   set(sanitize "-fsanitize=${KESTREL_SANITIZERS}" -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    list(APPEND sanitize "-fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/cmake/sanitizers_ignore.txt")
+  endif()
   target_compile_options(kestrel_compiler INTERFACE ${sanitize})
   target_link_options(kestrel_compiler INTERFACE ${sanitize})
 endif()

@@ -48,7 +48,7 @@ def run(arguments, failing_call):
     """Returns the exit code, and the texts on both streams and in the file."""
     environment = {"LD_PRELOAD": FAILING_CALL, "KESTREL_FAILING_CALL": str(failing_call)}
     done = subprocess.run([KESTREL, *arguments.split()], env=environment, capture_output=True,
-                          check=False)
+                          check=False, close_fds=False)
     out = pathlib.Path("out")
     written = out.read_bytes() if out.exists() else None
     out.unlink(missing_ok=True)
