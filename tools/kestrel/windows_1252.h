@@ -5,7 +5,7 @@
 namespace kestrel {
 
 // What stands for a control character where texts are shown.
-constexpr char16_t kReplacement = 0xFFFD;
+inline constexpr char16_t kReplacement = 0xFFFD;
 
 // The character that a byte is in Windows-1252 as browsers read it: the five bytes that have no
 // character there are the control characters of the same number, so that no byte is lost.
