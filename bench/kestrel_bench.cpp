@@ -76,11 +76,11 @@ Table Filled(Table fields, std::size_t size) {
 // larger than any cache.
 double SecondsOfCopy(std::size_t size, std::size_t room) {
   constexpr std::size_t kRounds = 200;
-  std::vector<char> memory(std::max(room, 2 * size), 'x');
-  const std::size_t places = memory.size() / size - 1;
+  std::vector<char> copies(std::max(room, 2 * size), 'x');
+  const std::size_t places = copies.size() / size - 1;
   const auto start = Clock::now();
   for (std::size_t round = 0; round < kRounds; ++round) {
-    char* source = memory.data() + round % places * size;
+    char* source = copies.data() + round % places * size;
     std::memcpy(source + size, source, size);
     benchmark::ClobberMemory();
   }

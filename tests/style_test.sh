@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Checks that the sources are formatted, the linter is content, and the scripts are sound.
-# Argument: the kind of check (format, tidy, shell).
+# Argument: the kind of check (format, tidy, tidy_windows, shell).
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -25,12 +25,15 @@ case $1 in
     steps=(-extra-arg={-Xclang,-analyzer-config,-Xclang,max-nodes=10000})
     lint run-clang-tidy -quiet -p build/lint -checks=-bugprone-suspicious-include "${steps[@]}" \
       'UnifiedSource.cpp$'
+    ;;
+  tidy_windows)
     # What is for Windows only; GCC says where the headers of the standard library are.
+    unit=build/lint_windows/UnifiedSource.cpp
+    mkdir -p "${unit%/*}"
     headers=$(x86_64-w64-mingw32-g++ -print-file-name=include/c++)
-    printf '#include "%s"\n' "$PWD"/src/{api/module,platform/*}.cpp \
-      "$PWD"/{tools/kestrel/machine_windows,tests/windows/sample_memory}.cpp >build/lint/UnifiedSource.cpp
-    lint clang-tidy --quiet -checks=-bugprone-suspicious-include build/lint/UnifiedSource.cpp \
-      src/runtime/*.cpp -- \
+    printf '#include "%s"\n' "$PWD"/src/{api/module,firmware/access_driver,platform/*}.cpp \
+      "$PWD"/{tools/kestrel/machine_windows,tests/windows/sample_memory}.cpp >"$unit"
+    lint clang-tidy --quiet -checks=-bugprone-suspicious-include "$unit" src/runtime/*.cpp -- \
       --target=x86_64-w64-mingw32 -std=c++20 -I. -Iinclude -Isrc \
       -isystem "$headers" -isystem "$headers/x86_64-w64-mingw32"
     ;;
