@@ -1,19 +1,35 @@
-/* Preloaded to the tool, lets one of its calls fail: that with the number KESTREL_FAILING_CALL,
-   from 0 on. The link "failed" in the current folder then shows that there was such a call.
-   Counting starts with main, which sets a signal first: nothing before it could tell of a failure.
+/* Preloaded to the tool, runs it again and again on its arguments: once as it is, then with its
+   first call failing, its second, and so on. Each run is a child that starts in main, which sets a
+   signal first: nothing before it could tell of a failure. After a run, standard input takes its
+   status (an int as waitpid has it), and is read for a byte to go on; the link "failed" in the
+   current folder shows that there was such a call.
  */
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <errno.h>
 #include <stdlib.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 static long callsBefore = -1;
 
 void (*signal(int number, void (*handler)(int)))(int) {
+  static int isRun = 0;
   (void)number;
-  callsBefore = atol(getenv("KESTREL_FAILING_CALL"));
+  for (long failing = -1; !isRun; ++failing) {
+    const pid_t child = fork();
+    int status = 0;
+    char go = 0;
+    if (child == 0) {
+      isRun = 1;
+      callsBefore = failing;
+    } else if (waitpid(child, &status, 0) != child ||
+               write(STDIN_FILENO, &status, sizeof status) != sizeof status ||
+               read(STDIN_FILENO, &go, 1) != 1) {
+      _exit(0);
+    }
+  }
   return handler;
 }
 
@@ -28,7 +44,8 @@ static int Fails(int error) {
 
 #define FAILING(type, failure, error, name, parameters, arguments) \
   type name parameters {                                           \
-    type(*call) parameters = dlsym(RTLD_NEXT, #name);              \
+    static type(*call) parameters;                                 \
+    call = call ? call : dlsym(RTLD_NEXT, #name);                  \
     return Fails(error) ? failure : call arguments;                \
   }
 

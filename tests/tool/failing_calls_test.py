@@ -4,9 +4,9 @@
 It then does all of its work, or says in a line why not, and leaves nothing that it has begun.
 Arguments: the tool, and the library that lets a call fail.
 """
-import itertools
 import os
 import pathlib
+import socket
 import subprocess
 import sys
 import tempfile
@@ -44,23 +44,43 @@ ENTRY_POINT = (b"_SM_\0\x1F\x02\x03\0\0\0\0\0\0\0\0_DMI_\0" + len(TABLE).to_byte
                + b"\x20\0\0\0\x02\0\x23\0")
 
 
-def run(arguments, failing_call):
-    """Returns the exit code, and the texts on both streams and in the file."""
-    environment = {"LD_PRELOAD": FAILING_CALL, "KESTREL_FAILING_CALL": str(failing_call)}
-    done = subprocess.run([KESTREL, *arguments.split()], env=environment, capture_output=True,
-                          check=False, close_fds=False)
-    out = pathlib.Path("out")
-    written = out.read_bytes() if out.exists() else None
-    out.unlink(missing_ok=True)
-    return done.returncode, done.stdout, done.stderr, written
+def take(file):
+    """Returns what was written to the file, and empties it."""
+    file.seek(0)
+    written = file.read()
+    file.seek(0)
+    file.truncate()
+    return written
+
+
+def runs(arguments):
+    """Yields the exit code of run after run, and the texts on both streams and in the file.
+
+    In the first run no call fails, then the first one, and so on.
+    """
+    ours, theirs = socket.socketpair()
+    with tempfile.TemporaryFile(buffering=0) as output, tempfile.TemporaryFile(buffering=0) as errors:
+        with theirs:
+            # What is bound in the tool that forks need not be bound in every run.
+            environment = {"LD_PRELOAD": FAILING_CALL, "LD_BIND_NOW": "1"}
+            tool = subprocess.Popen([KESTREL, *arguments.split()], env=environment,
+                                    stdin=theirs, stdout=output, stderr=errors)
+        with tool, ours:
+            while status := ours.recv(4):
+                out = pathlib.Path("out")
+                written = out.read_bytes() if out.exists() else None
+                out.unlink(missing_ok=True)
+                code = os.waitstatus_to_exitcode(int.from_bytes(status, sys.byteorder))
+                yield code, take(output), take(errors), written
+                ours.send(b"-")
 
 
 def check(arguments, expected):
     """Returns what is wrong with the command."""
-    whole = run(arguments, -1)
+    results = runs(arguments)
+    whole = next(results)
     said = set()
-    for failing_call in itertools.count():
-        result = run(arguments, failing_call)
+    for failing_call, result in enumerate(results):
         if not os.path.lexists("failed"):
             break
         os.unlink("failed")
@@ -69,6 +89,7 @@ def check(arguments, expected):
             said.add(line.removeprefix("kestrel: ").rstrip("\n"))
             if result != (1, b"", line.encode(), None) or line.count("\n") != 1:
                 return [f"{arguments}, call {failing_call}: {result}"]
+    results.close()
     names = sorted(os.listdir())
     if names != ["dump", "pair"] or failing_call < 10 or said != expected:
         return [f"{arguments}, {failing_call} calls: said {said}, and left {names}"]
