@@ -62,6 +62,7 @@ TEST(TableFaultsTest, FindsWhatIsWrongWithAnEntryPoint) {
       {"too short", {{5, -15}, {4, 15}}, "error: its length is 10h instead of 1Fh\n"},
       {"longer than what is at hand", {{5, 2}}, "remark: its length is 21h instead of 1Fh\n"},
       {"revision", {{0x1E, 1}, {0x15, -1}}, "remark: its BCD revision is 23h with version 2.2\n"},
+      {"no revision", {{0x1E, -0x22}, {0x15, 0x22}}, ""},
       {"a version that does not exist",
        {{7, 29}, {4, -29}, {0x1E, 1}, {0x15, -1}},
        "remark: the version is 2.31, which does not exist and is taken for 2.3\n"
@@ -153,6 +154,11 @@ TEST(TableFaultsTest, FindsWhatShowsInTheWholeTable) {
   EXPECT_EQ(FaultsOf(Join({Numbered(1, 14, items), Numbered(2, 14, items), kLast}), {2, 2}),
             "0 14/1 +1 error: item_handle is 0008h, which no structure has\n");
   EXPECT_EQ(FaultsOf(kFirst, {2, 2}), "7 error: there is no End-of-Table\n");
+  // Handles were not reserved in the first version.
+  const Bytes reserved = Join({{24, 5, 0, 0xFF, 0, 0, 0}, kLast});
+  EXPECT_EQ(FaultsOf(reserved, {2, 0}), "");
+  EXPECT_EQ(FaultsOf(reserved, {2, 1}),
+            "0 24/65280 remark: its handle is FF00h, of which those from FF00h on are reserved\n");
   EXPECT_EQ(FaultsOf(Join({kFirst, {24, 9, 2, 0, 0}}), {2, 1}),
             "7 error: a structure there would have a Length of 09h and go past the end of the "
             "table, 000Ch\n");

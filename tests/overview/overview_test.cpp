@@ -135,5 +135,37 @@ TEST(OverviewTest, CountsTheMemoryOfTheSystem) {
   }
 }
 
+TEST(OverviewTest, NamesTypeAndFormOfModulesThatFlagThem) {
+  const struct {
+    std::uint8_t Low, High;
+    std::string_view Words;
+  } cases[] = {
+      {0x03, 0, " "},        {0x04, 0, "Standard "},      {0x88, 0, "Fast Page Mode SIMM"},
+      {0x90, 0, "EDO SIMM"}, {0x14, 3, "Burst EDO DIMM"}, {0x04, 7, "SDRAM DIMM"},
+  };
+  for (const auto& test : cases) {
+    SmbiosTable table;
+    table.Bytes = Structure(6, {0, 0, 0, test.Low, test.High, 5, 5, 0});
+    std::string words;
+    Overview(table).ForEachMemoryDevice([&](const MemoryDeviceFacts& device) {
+      words.append(device.Type).append(" ").append(device.FormFactor);
+    });
+    EXPECT_EQ(words, test.Words);
+  }
+}
+
+TEST(OverviewTest, TakesEachFactOfTheSystemFromItsField) {
+  SmbiosTable table;
+  table.EntryPoint.Version = {2, 6};
+  table.Bytes =
+      Structure(1, {1, 2, 3, 4, 9, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 6, 5, 6},
+                {"Maker", "PC", "2nd", "77-1", "PC-2-77", "PCs"});
+  const SystemFacts system = Overview(table).GetSystem();
+  EXPECT_EQ(
+      Join({system.Manufacturer, ";", system.ProductName, ";", system.Version, ";",
+            system.SerialNumber, ";", system.Uuid, ";", system.SkuNumber, ";", system.Family}),
+      "Maker;PC;2nd;77-1;03020109-0504-0706-0809-0A0B0C0D0E0F;PC-2-77;PCs");
+}
+
 }  // namespace
 }  // namespace kestrel

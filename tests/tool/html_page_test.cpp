@@ -40,6 +40,7 @@ TEST(HtmlPageTest, DrawsMemoryInItsPlaces) {
       WithHandle(4, Structure(17, {1, 0, 0xFE, 0xFF, 64, 0, 64, 0, 0, 0, 9, 0, 1, 0, 2, 0, 0},
                               {"DIMM 8"})),
       WithHandle(5, Structure(19, {0, 0, 0x10, 0, 0xFF, 0xFF, 0x1F, 0, 1, 0, 1})),
+      WithHandle(6, Structure(19, {0, 0, 0x30, 0, 0xFF, 0xFF, 0x3F, 0, 1, 0, 1})),
   }));
   std::size_t position = 0;
   for (const std::string_view text : {
@@ -49,6 +50,7 @@ TEST(HtmlPageTest, DrawsMemoryInItsPlaces) {
            "3 GiB in 2 of 3 slots; at most 16 GiB",
            "<td>00000000h</td><td>3FFFFFFFh</td><td>1 GiB</td><td>gap</td>",
            "<td>40000000h</td><td>7FFFFFFFh</td><td>1 GiB</td><td>Physical Memory Array</td>",
+           "<td>80000000h</td><td>BFFFFFFFh</td><td>1 GiB</td><td>gap</td>",
            "<a href=\"#s0\">0001h (Physical Memory Array)</a>",
        }) {
     const std::size_t found = page.find(text, position);

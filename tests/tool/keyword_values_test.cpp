@@ -36,11 +36,11 @@ TEST(KeywordValuesTest, FindsWhatEachKeywordNames) {
                 {"V", " W\t1 ", "D\n"}),
       Structure(1, {1, 2, 3, 4, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 6, 5, 6},
                 {"M", "P", "To be filled by O.E.M.", "S", "K", "F"}),
-      Structure(2, {1, 2, 3, 4, 5}, {"M", "P", "V", "S", "A"}),
+      Structure(2, {1, 2, 3, 4, 5}, {"BM", "BP", "BV", "BS", "BA"}),
       Structure(2, {0, 1, 2}, {"Q", "  "}),
-      Structure(3, {1, 0x83, 2, 3, 4}, {"M", "V", "S", "A"}),
+      Structure(3, {1, 0x83, 2, 3, 4}, {"CM", "CV", "CS", "CA"}),
       Structure(3, {0, 0x7E}),
-      Structure(4, {0, 3, 0xB3, 1, 0, 0, 0, 0, 0, 0, 0, 0, 2}, {"M", "V"}),
+      Structure(4, {0, 3, 0xB3, 1, 0, 0, 0, 0, 0, 0, 0, 0, 2}, {"PM", "PV"}),
       Structure(4, arm),
   });
   EXPECT_EQ(ValuesOf(table, {2, 6}), R"(bios-vendor=V;
@@ -55,19 +55,19 @@ system-serial-number=S;
 system-uuid=03020100-0504-0706-0809-0a0b0c0d0e0f;
 system-sku-number=K;
 system-family=F;
-baseboard-manufacturer=M;
-baseboard-product-name=P;Q;
-baseboard-version=V;
-baseboard-serial-number=S;
-baseboard-asset-tag=A;
-chassis-manufacturer=M;
+baseboard-manufacturer=BM;
+baseboard-product-name=BP;Q;
+baseboard-version=BV;
+baseboard-serial-number=BS;
+baseboard-asset-tag=BA;
+chassis-manufacturer=CM;
 chassis-type=Desktop;7Eh;
-chassis-version=V;
-chassis-serial-number=S;
-chassis-asset-tag=A;
+chassis-version=CV;
+chassis-serial-number=CS;
+chassis-asset-tag=CA;
 processor-family=Intel Xeon processor;ARMv8;
-processor-manufacturer=M;
-processor-version=V;
+processor-manufacturer=PM;
+processor-version=PV;
 processor-frequency=3000 MHz;
 )");
   EXPECT_EQ(NearestKeyword("bios-date"), "bios-release-date");

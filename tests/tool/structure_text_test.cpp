@@ -175,6 +175,7 @@ TEST(StructureTextTest, WritesQuantitiesInTheUnitsOfPeople) {
       {"accuracy_parts_per_million", 5, "0.0005 %"},
       {"value_millivolts", -12050, "-12.05 V"},
       {"value_millivolts", 0, "0 V"},
+      {"value_milliamperes", 1500, "1.5 A"},
       {"height_rack_units", 2, "2 U"},
       {"capacity_milliwatt_hours", 50500, "50.5 Wh"},
   };
