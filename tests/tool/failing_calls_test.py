@@ -59,9 +59,10 @@ def runs(arguments):
     In the first run no call fails, then the first one, and so on.
     """
     ours, theirs = socket.socketpair()
-    with tempfile.TemporaryFile(buffering=0) as output, tempfile.TemporaryFile(buffering=0) as errors:
+    with (tempfile.TemporaryFile(buffering=0) as output,
+          tempfile.TemporaryFile(buffering=0) as errors):
         with theirs:
-            # What is bound in the tool that forks need not be bound in every run.
+            # Bound before it forks, functions need not be bound again in every run.
             environment = {"LD_PRELOAD": FAILING_CALL, "LD_BIND_NOW": "1"}
             tool = subprocess.Popen([KESTREL, *arguments.split()], env=environment,
                                     stdin=theirs, stdout=output, stderr=errors)

@@ -8,13 +8,11 @@
 namespace kestrel {
 namespace {
 
-struct TypesCase {
-  std::string_view Text;
-  Bytes Types;
-};
-
 TEST(StructureChoiceTest, TakesWordsAndNumbersOfTypes) {
-  const TypesCase kCases[] = {
+  const struct {
+    std::string_view Text;
+    Bytes Types;
+  } cases[] = {
       {"bios", {0, 13}},
       {"System", {1, 12, 15, 23, 32}},
       {"BASEBOARD", {2, 10, 41}},
@@ -32,25 +30,23 @@ TEST(StructureChoiceTest, TakesWordsAndNumbersOfTypes) {
       {"-1", {}},
       {"", {}},
   };
-  for (const TypesCase& test : kCases) {
+  for (const auto& test : cases) {
     Bytes types;
     EXPECT_EQ(AppendTypes(types, test.Text), !test.Types.empty()) << test.Text;
     EXPECT_EQ(types, test.Types) << test.Text;
   }
 }
 
-struct HandleCase {
-  std::string_view Text;
-  std::optional<std::uint16_t> Handle;
-};
-
 TEST(StructureChoiceTest, TakesHandlesInEachNotation) {
-  constexpr HandleCase kCases[] = {
+  const struct {
+    std::string_view Text;
+    std::optional<std::uint16_t> Handle;
+  } cases[] = {
       {"0010h", 0x10},   {"fFFFH", 0xFFFF}, {"0x10", 0x10}, {"0X1f", 0x1F}, {"10", 10},
       {"65535", 0xFFFF}, {"65536", {}},     {"10000h", {}}, {"1fh0", {}},   {"1f", {}},
       {"h", {}},         {"0x", {}},        {"-1", {}},     {"", {}},
   };
-  for (const HandleCase& test : kCases) {
+  for (const auto& test : cases) {
     EXPECT_EQ(ToHandle(test.Text), test.Handle) << test.Text;
   }
 }
